@@ -1,0 +1,36 @@
+// Builds the main window at launch and brings it back on reopen.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class QQuickView;
+
+namespace stirra {
+
+// Main thread. Closing the window ends neither the process nor an active engine: the window and all that is
+// in it live as long as the delegate.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AppDelegate(QObject *parent = nullptr);
+    ~AppDelegate() override;
+
+    // Builds the window and shows it. Once per launch.
+    void applicationDidFinishLaunching();
+
+    // Shows the window again where no window is visible, and leaves it as it is where one is. Always true:
+    // the desktop's own handling follows, which is to bring a visible window to the front.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows, const QString &activationToken);
+
+    [[nodiscard]] QQuickView *mainWindow() const { return mainWindow_.get(); }
+
+private:
+    std::unique_ptr<QQuickView> mainWindow_;
+};
+
+} // namespace stirra

@@ -1,0 +1,26 @@
+// The sections of the table. Each throws NotMeasured where it cannot be measured. Main thread.
+#pragma once
+
+#include "Benchmarks/Report.h"
+
+namespace benchmarks {
+
+class Desktop;
+
+inline constexpr auto stirraProgram = "stirra";
+inline constexpr auto emptyWindowProgram = "stirra-empty-window";
+
+// Time to the first frame. REQUIRES: the desktop's windows are unmanaged.
+[[nodiscard]] std::vector<Row> startUpRows(const Desktop &desktop);
+
+// Below: the calling process runs on a display of its own, with a Qt application object.
+
+// How exact the engine's delays and timers are, with the native scheduler and poster. Takes some 25 s, and
+// next to no CPU time.
+[[nodiscard]] std::vector<Row> punctualityRows();
+// CPU time of an action of each mode, posted to the display.
+[[nodiscard]] std::vector<Row> actionCostRows();
+// Memory and time of a million ticks, on a scheduler that is stepped by hand.
+[[nodiscard]] std::vector<Row> longRunRows();
+
+} // namespace benchmarks

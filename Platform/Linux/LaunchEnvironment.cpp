@@ -1,0 +1,75 @@
+#include "Platform/Linux/LaunchEnvironment.h"
+
+#include "Platform/Platform.h"
+
+#include <QQuickWindow>
+
+#include <fontconfig/fontconfig.h>
+
+#include <thread>
+
+namespace platform {
+
+namespace {
+
+QString &storedLaunchToken()
+{
+    static QString token;
+    return token;
+}
+
+void setDefault(const char *variable, const char *value)
+{
+    if (!qEnvironmentVariableIsSet(variable)) {
+        qputenv(variable, value);
+    }
+}
+
+void readLaunchToken()
+{
+    const auto wayland = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    storedLaunchToken() = wayland.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : wayland;
+}
+
+// A window that changes a few words a second costs a third of the memory, and starts three times as fast,
+// without OpenGL.
+void drawInSoftware()
+{
+    if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND") || qEnvironmentVariableIsSet("QSG_RHI_BACKEND")) {
+        return;
+    }
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    setDefault("QT_XCB_GL_INTEGRATION", "none");
+}
+
+// Each repaint otherwise waits a moment for more, and for the server to have read the shared picture: two
+// more wake-ups for every tick of the clock.
+void drawWithoutWaiting()
+{
+    setDefault("QT_QPA_UPDATE_IDLE_TIME", "0");
+    setDefault("QT_XCB_NO_MITSHM", "1");
+}
+
+// Reading fontconfig's configuration is a tenth of the time to the first frame, and nothing else waits for it
+// before the first text is laid out. It is the one thing that the program does beside its main thread.
+void readFontConfigurationAside()
+{
+    static std::jthread reader([] { FcInit(); });
+}
+
+} // namespace
+
+QString launchToken()
+{
+    return storedLaunchToken();
+}
+
+void prepareProcess()
+{
+    readLaunchToken();
+    drawInSoftware();
+    drawWithoutWaiting();
+    readFontConfigurationAside();
+}
+
+} // namespace platform

@@ -1,0 +1,31 @@
+// The services of a Linux desktop.
+#pragma once
+
+#include "Platform/FallbackInputPoster.h"
+#include "Platform/Linux/Session/TerminationSignals.h"
+#include "Platform/Platform.h"
+#include "Platform/Qt/QtScheduler.h"
+
+namespace platform {
+
+class LinuxPlatform final : public Platform
+{
+public:
+    LinuxPlatform();
+    ~LinuxPlatform() override;
+
+    Scheduler &scheduler() override { return scheduler_; }
+    InputPoster &inputPoster() override { return inputPoster_; }
+    Appearance &appearance() override;
+    ApplicationLink &applicationLink() override;
+    void present(QWindow &window, const QString &activationToken) override;
+
+private:
+    QtScheduler scheduler_;
+    FallbackInputPoster inputPoster_;
+    std::unique_ptr<Appearance> appearance_;
+    std::unique_ptr<ApplicationLink> applicationLink_;
+    std::unique_ptr<TerminationSignals> terminationSignals_;
+};
+
+} // namespace platform

@@ -1,0 +1,20 @@
+// Bringing a window to the front on X11.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+class QWindow;
+
+namespace platform {
+
+// The time of the user's act in an X11 startup id ("..._TIME123"); nothing where it has none.
+[[nodiscard]] std::optional<std::uint32_t> timeInStartupId(const QString &startupId);
+
+// Asks the window manager to activate a window that is shown, with the time of the user's act, and tells
+// everybody who shows a busy pointer for the launch that it is over. Main thread; the toolkit runs on X11.
+void activateXWindow(const QWindow &window, const QString &startupId);
+
+} // namespace platform

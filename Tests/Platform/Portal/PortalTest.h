@@ -1,0 +1,11 @@
+// The bus of the tests of the Settings portal.
+#pragma once
+
+#include "Tests/Support/PrivateBus.h"
+
+namespace testsupport {
+
+// The private bus that is this process's session bus.
+[[nodiscard]] PrivateBus &sessionBus();
+
+} // namespace testsupport

@@ -1,0 +1,86 @@
+#include "Toolkit/Symbol.h"
+
+#include "Tests/Toolkit/ToolkitTest.h"
+
+namespace toolkit {
+
+namespace {
+
+// The sum of the opacities of all pixels.
+qint64 ink(const QImage &image)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            sum += qAlpha(image.pixel(x, y));
+        }
+    }
+    return sum;
+}
+
+class SymbolNames : public testing::TestWithParam<const char *>
+{};
+
+TEST_P(SymbolNames, IsDrawnInTheColourAsked)
+{
+    const auto image = symbolImage(QString::fromLatin1(GetParam()), 48, QColor(200, 30, 60), false);
+    ASSERT_FALSE(image.isNull());
+    EXPECT_GT(ink(image), 0);
+    for (int i = 0; i < 48 * 48; ++i) {
+        const auto color = image.pixelColor(i % 48, i / 48);
+        if (color.alpha() == 255) {
+            EXPECT_EQ(color, QColor(200, 30, 60));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Symbols, SymbolNames,
+                         testing::Values("clock.fill", "cursorarrow.and.square.on.square.dashed",
+                                         "cursorarrow.motionlines", "eye.fill", "eye.slash.fill", "keyboard",
+                                         "number", "play.fill", "scroll", "stop.fill", "timer"));
+
+TEST(Symbol, AnUnknownNameDrawsNothing)
+{
+    EXPECT_TRUE(symbolImage(QStringLiteral("no.such.symbol"), 16, Qt::black, false).isNull());
+    EXPECT_TRUE(symbolImage(QStringLiteral("eye.fill"), 0, Qt::black, false).isNull());
+}
+
+TEST(Symbol, AHeavyOneHasMoreInkAndATranslucentOneLess)
+{
+    const auto name = QStringLiteral("timer");
+    const auto normal = ink(symbolImage(name, 32, Qt::black, false));
+    EXPECT_GT(ink(symbolImage(name, 32, Qt::black, true)), normal);
+    EXPECT_LT(ink(symbolImage(name, 32, QColor(0, 0, 0, 128), false)), normal * 6 / 10);
+}
+
+using SymbolTest = ToolkitTest;
+
+TEST_F(SymbolTest, IsAFifthLargerThanItsText)
+{
+    EXPECT_EQ(show("Symbol { name: 'eye.fill'; size: 32 }").size(), QSizeF(38, 38));
+    EXPECT_EQ(show("Symbol { name: 'eye.fill'; size: 10 }").size(), QSizeF(12, 12));
+    EXPECT_EQ(show("Symbol { name: 'eye.fill' }").size(), QSizeF(16, 16));
+}
+
+TEST_F(SymbolTest, IsDrawnAgainWhenItChanges)
+{
+    auto &symbol = show("Symbol { name: 'eye.fill'; size: 40 }");
+    auto last = picture();
+    const auto changes = [&](const char *property, const QVariant &value) {
+        symbol.setProperty(property, value);
+        const auto now = picture();
+        const bool hasChanged = now != last;
+        last = now;
+        return hasChanged;
+    };
+    EXPECT_TRUE(changes("color", QColor(Qt::red)));
+    EXPECT_TRUE(changes("weight", QFont::Bold));
+    EXPECT_TRUE(changes("name", QStringLiteral("stop.fill")));
+    EXPECT_TRUE(changes("size", 60));
+    EXPECT_TRUE(changes("name", QStringLiteral("no.such.symbol")));
+    EXPECT_TRUE(changes("name", QStringLiteral("play.fill")));
+}
+
+} // namespace
+
+} // namespace toolkit

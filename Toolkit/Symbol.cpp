@@ -1,0 +1,136 @@
+#include "Toolkit/Symbol.h"
+
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <QSvgRenderer>
+
+#include <cmath>
+#include <memory>
+
+namespace toolkit {
+
+namespace {
+
+constexpr qreal sidePerTextSize = 1.2;
+
+// The drawings name their colour once, as the colour of the text around them.
+QByteArray coloured(QByteArray drawing, const QColor &color, bool isHeavy)
+{
+    auto paint = "fill=\"" + color.name().toLatin1() + '"';
+    if (isHeavy) {
+        paint += " stroke=\"" + color.name().toLatin1() + R"(" stroke-width="0.6" stroke-linejoin="round")";
+    }
+    return drawing.replace("fill=\"currentColor\"", paint);
+}
+
+QByteArray drawingOf(const QString &name)
+{
+    QFile file(QStringLiteral(":/symbols/") + name + QStringLiteral(".svg"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+QImage symbolImage(const QString &name, int side, const QColor &color, bool isHeavy)
+{
+    const auto drawing = drawingOf(name);
+    if (drawing.isEmpty() || side <= 0) {
+        return {};
+    }
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setOpacity(color.alphaF());
+    QSvgRenderer(coloured(drawing, color, isHeavy)).render(&painter, QRectF(image.rect()));
+    return image;
+}
+
+Symbol::Symbol(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    setFlag(ItemHasContents);
+    setSymbolSize(size_);
+    const auto side = std::round(size_ * sidePerTextSize);
+    setImplicitSize(side, side);
+}
+
+void Symbol::setName(const QString &name)
+{
+    if (name == name_) {
+        return;
+    }
+    name_ = name;
+    redraw();
+    Q_EMIT nameChanged();
+}
+
+void Symbol::setSymbolSize(qreal size)
+{
+    if (size == size_) {
+        return;
+    }
+    size_ = size;
+    const auto side = std::round(size_ * sidePerTextSize);
+    setImplicitSize(side, side);
+    redraw();
+    Q_EMIT sizeChanged();
+}
+
+void Symbol::setColor(const QColor &color)
+{
+    if (color == color_) {
+        return;
+    }
+    color_ = color;
+    redraw();
+    Q_EMIT colorChanged();
+}
+
+void Symbol::setWeight(int weight)
+{
+    if (weight == weight_) {
+        return;
+    }
+    weight_ = weight;
+    redraw();
+    Q_EMIT weightChanged();
+}
+
+void Symbol::redraw()
+{
+    isOutdated_ = true;
+    update();
+}
+
+void Symbol::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    if (change == ItemDevicePixelRatioHasChanged) {
+        redraw();
+    }
+    QQuickItem::itemChange(change, value);
+}
+
+QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*/)
+{
+    std::unique_ptr<QSGImageNode> node(static_cast<QSGImageNode *>(oldNode));
+    if (!node || isOutdated_) {
+        const auto side = static_cast<int>(std::ceil(width() * window()->effectiveDevicePixelRatio()));
+        const auto image = symbolImage(name_, side, color_, weight_ >= QFont::DemiBold);
+        if (image.isNull()) {
+            return nullptr;
+        }
+        if (!node) {
+            node.reset(window()->createImageNode());
+            node->setOwnsTexture(true);
+        }
+        node->setTexture(window()->createTextureFromImage(image));
+        isOutdated_ = false;
+    }
+    node->setRect(boundingRect());
+    return node.release();
+}
+
+} // namespace toolkit

@@ -1,0 +1,136 @@
+#include "Toolkit/SystemStyle.h"
+
+#include "Platform/Platform.h"
+
+#include <QFontDatabase>
+
+namespace toolkit {
+
+namespace {
+
+const platform::AppearanceValues &desktop()
+{
+    return platform::Platform::current().appearance().values();
+}
+
+QFont fontOf(const QString &family, int pixelSize, int weight)
+{
+    QFont font(family);
+    font.setPixelSize(pixelSize);
+    font.setWeight(static_cast<QFont::Weight>(weight));
+    font.setStyleStrategy(QFont::PreferNoShaping);
+    return font;
+}
+
+} // namespace
+
+SystemStyle::SystemStyle(QObject *parent)
+    : QObject(parent)
+{
+    connect(&platform::Platform::current().appearance(), &platform::Appearance::changed, this,
+            &SystemStyle::changed);
+}
+
+QColor SystemStyle::choose(QRgb light, QRgb dark) const
+{
+    return QColor::fromRgba(isDark() ? dark : light);
+}
+
+bool SystemStyle::isDark() const
+{
+    return desktop().isDark;
+}
+
+QColor SystemStyle::red() const
+{
+    return choose(0xFFFF3B30, 0xFFFF453A);
+}
+
+QColor SystemStyle::green() const
+{
+    return choose(0xFF34C759, 0xFF30D158);
+}
+
+QColor SystemStyle::yellow() const
+{
+    return choose(0xFFFFCC00, 0xFFFFD60A);
+}
+
+QColor SystemStyle::blue() const
+{
+    return choose(0xFF007AFF, 0xFF0A84FF);
+}
+
+QColor SystemStyle::cyan() const
+{
+    return choose(0xFF32ADE6, 0xFF64D2FF);
+}
+
+QColor SystemStyle::purple() const
+{
+    return choose(0xFFAF52DE, 0xFFBF5AF2);
+}
+
+QColor SystemStyle::gray() const
+{
+    return choose(0xFF8E8E93, 0xFF8E8E93);
+}
+
+QColor SystemStyle::accent() const
+{
+    return desktop().accent.value_or(blue());
+}
+
+QColor SystemStyle::label() const
+{
+    return choose(0xD9000000, 0xD9FFFFFF);
+}
+
+QColor SystemStyle::secondaryLabel() const
+{
+    return choose(0x99000000, 0x99FFFFFF);
+}
+
+QColor SystemStyle::separator() const
+{
+    return choose(0x1F000000, 0x24FFFFFF);
+}
+
+QColor SystemStyle::windowBackground() const
+{
+    return choose(0xFFECECEC, 0xFF232323);
+}
+
+QColor SystemStyle::ultraThinMaterial() const
+{
+    return choose(0x99FFFFFF, 0x14FFFFFF);
+}
+
+QColor SystemStyle::barMaterial() const
+{
+    return choose(0xB3FFFFFF, 0x0FFFFFFF);
+}
+
+QFont SystemStyle::font(int pixelSize, int weight) const
+{
+    return fontOf(fontFamily(), pixelSize, weight);
+}
+
+QFont SystemStyle::monospacedFont(int pixelSize, int weight) const
+{
+    return fontOf(monospacedFamily(), pixelSize, weight);
+}
+
+QString SystemStyle::fontFamily() const
+{
+    const auto family = desktop().fontFamily;
+    return family.isEmpty() ? QStringLiteral("Inter") : family;
+}
+
+QString SystemStyle::monospacedFamily() const
+{
+    const auto family = desktop().fixedFontFamily;
+    return family.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::FixedFont).family() : family;
+}
+
+} // namespace toolkit
