@@ -18,6 +18,12 @@ QString &storedLaunchToken()
     return token;
 }
 
+std::jthread &fontConfigurationReader()
+{
+    static std::jthread reader;
+    return reader;
+}
+
 void setDefault(const char *variable, const char *value)
 {
     if (!qEnvironmentVariableIsSet(variable)) {
@@ -54,7 +60,7 @@ void drawWithoutWaiting()
 // before the first text is laid out. It is the one thing that the program does beside its main thread.
 void readFontConfigurationAside()
 {
-    static std::jthread reader([] { FcInit(); });
+    fontConfigurationReader() = std::jthread([] { FcInit(); });
 }
 
 } // namespace
@@ -62,6 +68,13 @@ void readFontConfigurationAside()
 QString launchToken()
 {
     return storedLaunchToken();
+}
+
+void awaitFontConfiguration()
+{
+    if (auto &reader = fontConfigurationReader(); reader.joinable()) {
+        reader.join();
+    }
 }
 
 void prepareProcess()

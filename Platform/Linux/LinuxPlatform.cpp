@@ -14,7 +14,10 @@ LinuxPlatform::LinuxPlatform()
     : inputPoster_(inputPosterCandidates())
 {}
 
-LinuxPlatform::~LinuxPlatform() = default;
+LinuxPlatform::~LinuxPlatform()
+{
+    awaitFontConfiguration();
+}
 
 Appearance &LinuxPlatform::appearance()
 {

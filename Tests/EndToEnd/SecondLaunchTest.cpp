@@ -155,7 +155,7 @@ TEST_P(SecondLaunchTest, OfThreeStartedInTheSameInstantOneStays)
         EXPECT_EQ(runningCount(), 1);
         EXPECT_THAT(desktop.stirraWindows(), SizeIs(1));
         for (const auto &program : programs) {
-            EXPECT_EQ(program->exitStatus().value_or(0), 0);
+            EXPECT_EQ(program->exitStatus().value_or(0), 0) << program->standardError().toStdString();
         }
     }
 }
