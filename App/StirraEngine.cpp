@@ -107,6 +107,7 @@ void StirraEngine::start()
     addLog(QStringLiteral("Stirra activated"));
     uptimeTimer_ = repeatWeakly(uptimeInterval, &StirraEngine::countUptime);
     timer_ = repeatWeakly(platform::Seconds(intervalSeconds_), &StirraEngine::performStirraAction);
+    platform_.inputPoster().prepare();
 }
 
 void StirraEngine::stop()

@@ -15,12 +15,19 @@ InputPoster *FallbackInputPoster::openBackend()
     }
     backend_.reset();
     for (const auto &candidate : candidates_) {
-        backend_ = candidate();
+        backend_ = candidate(obstacle_);
         if (backend_) {
             break;
         }
     }
     return backend_.get();
+}
+
+void FallbackInputPoster::prepare()
+{
+    if (auto *backend = openBackend()) {
+        backend->prepare();
+    }
 }
 
 std::optional<PointerLocation> FallbackInputPoster::pointerLocation()

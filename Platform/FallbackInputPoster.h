@@ -15,20 +15,24 @@ namespace platform {
 class FallbackInputPoster final : public InputPoster
 {
 public:
-    // Opens a backend, or gives nothing where it cannot work.
-    using Candidate = std::function<std::unique_ptr<InputPoster>()>;
+    // Opens a backend, or gives nothing where it cannot work, and says why.
+    using Candidate = std::function<std::unique_ptr<InputPoster>(Obstacle &)>;
 
     explicit FallbackInputPoster(std::vector<Candidate> candidates);
 
+    void prepare() override;
     std::optional<PointerLocation> pointerLocation() override;
     bool post(const InputEvent &event) override;
     bool isOpen() const override { return true; }
+    bool isReady() const override { return backend_ && backend_->isReady(); }
+    Obstacle obstacle() const override { return backend_ ? backend_->obstacle() : obstacle_; }
 
 private:
     InputPoster *openBackend();
 
     std::vector<Candidate> candidates_;
     std::unique_ptr<InputPoster> backend_;
+    Obstacle obstacle_; // of the last candidate that was asked and did not open
 };
 
 } // namespace platform

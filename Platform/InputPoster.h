@@ -3,9 +3,21 @@
 
 #include "Platform/InputEvent.h"
 
+#include <QString>
+
 #include <optional>
 
 namespace platform {
+
+// Why a way to post cannot be used now, and what the user can do about it. One English sentence each, for
+// trouble-shooting; both are empty where nothing is in the way.
+struct Obstacle
+{
+    QString reason;
+    QString remedy;
+
+    bool operator==(const Obstacle &) const = default;
+};
 
 // Main thread. A call returns within the round trips to the display server that it needs; nothing is retried
 // inside a call. Failure is a value: the caller goes on.
@@ -16,6 +28,10 @@ public:
     InputPoster(const InputPoster &) = delete;
     InputPoster &operator=(const InputPoster &) = delete;
     virtual ~InputPoster() = default;
+
+    // The user is there, and means to have input posted from now on: what needs the user's leave asks for it.
+    // Returns at once; the answer shows in isReady().
+    virtual void prepare() {}
 
     // Where the pointer is; nothing where the system cannot be asked now. A system that never tells answers
     // with a location of its own that follows the moves posted, so that steps and returns cancel out.
@@ -30,6 +46,13 @@ public:
 
     // False once the way to the system is lost; such a poster stays useless and is replaced.
     [[nodiscard]] virtual bool isOpen() const = 0;
+
+    // True when a post would be handed over now. An open poster that is not ready waits for somebody's
+    // answer, or tries again by itself at a later post.
+    [[nodiscard]] virtual bool isReady() const { return isOpen(); }
+
+    // What keeps the poster from being open or ready.
+    [[nodiscard]] virtual Obstacle obstacle() const { return {}; }
 };
 
 } // namespace platform

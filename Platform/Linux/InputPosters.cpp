@@ -2,39 +2,36 @@
 
 #include "Platform/Linux/X11/XtestInputPoster.h"
 
-#include <QByteArray>
-
-#include <array>
-
 namespace platform {
 
 namespace {
 
-struct NamedCandidate
+std::unique_ptr<InputPoster> openNone(Obstacle &why)
 {
-    const char *name;
-    FallbackInputPoster::Candidate open;
-};
-
-std::array<NamedCandidate, 2> namedCandidates()
-{
-    return {{
-        {"xtest", XtestInputPoster::create},
-        {"none", [] { return std::unique_ptr<InputPoster>(); }},
-    }};
+    why = {QStringLiteral("No other way to post input is known here."),
+           QStringLiteral("Remove the obstacle of one of the ways above.")};
+    return nullptr;
 }
 
 } // namespace
 
+std::vector<NamedInputPoster> namedInputPosters()
+{
+    return {
+        {QStringLiteral("xtest"), XtestInputPoster::create},
+        {QStringLiteral("none"), openNone},
+    };
+}
+
 std::vector<FallbackInputPoster::Candidate> inputPosterCandidates()
 {
-    const auto forced = qgetenv("STIRRA_INPUT_BACKEND");
+    const auto forced = qEnvironmentVariable("STIRRA_INPUT_BACKEND");
     std::vector<FallbackInputPoster::Candidate> all;
-    for (const auto &candidate : namedCandidates()) {
-        if (forced == candidate.name) {
-            return {candidate.open};
+    for (const auto &[name, open] : namedInputPosters()) {
+        if (forced == name) {
+            return {open};
         }
-        all.push_back(candidate.open);
+        all.push_back(open);
     }
     return all;
 }

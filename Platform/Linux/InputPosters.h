@@ -5,8 +5,18 @@
 
 namespace platform {
 
-// In the order in which they are asked. The environment variable STIRRA_INPUT_BACKEND ("xtest" or "none")
-// leaves only the one it names, for tests and trouble-shooting; another name leaves all.
+// A way to post with the name that STIRRA_INPUT_BACKEND knows it by.
+struct NamedInputPoster
+{
+    QString name;
+    FallbackInputPoster::Candidate open;
+};
+
+// The ways of this session, in the order in which they are asked.
+[[nodiscard]] std::vector<NamedInputPoster> namedInputPosters();
+
+// The same without their names. The environment variable STIRRA_INPUT_BACKEND ("xtest" or "none") leaves only
+// the one it names, for tests and trouble-shooting; another name leaves all.
 [[nodiscard]] std::vector<FallbackInputPoster::Candidate> inputPosterCandidates();
 
 } // namespace platform

@@ -104,6 +104,16 @@ TEST_F(EngineTest, KeepsTheNewestEntryFirstWithItsTime)
     EXPECT_FALSE(engine.actionLog().at(0).timeText.isEmpty());
 }
 
+TEST_F(EngineTest, EachStartAsksTheSystemToBeReadyForPosting)
+{
+    EXPECT_EQ(platform.inputPoster().preparationCount, 0);
+    engine.toggle();
+    EXPECT_EQ(platform.inputPoster().preparationCount, 1);
+    engine.toggle();
+    engine.toggle();
+    EXPECT_EQ(platform.inputPoster().preparationCount, 2);
+}
+
 TEST_F(EngineTest, AnIntervalStoredWhileActiveWaitsForTheNextStart)
 {
     engine.toggle();

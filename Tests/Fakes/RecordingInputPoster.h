@@ -11,6 +11,8 @@ namespace fakes {
 class RecordingInputPoster final : public platform::InputPoster
 {
 public:
+    void prepare() override { ++preparationCount; }
+
     std::optional<platform::PointerLocation> pointerLocation() override { return location; }
 
     bool post(const platform::InputEvent &event) override
@@ -28,6 +30,7 @@ public:
     // True for the events that cannot be made.
     std::function<bool(const platform::InputEvent &)> cannotMake;
     std::vector<platform::InputEvent> posted;
+    int preparationCount = 0;
 };
 
 } // namespace fakes

@@ -33,6 +33,8 @@ public:
         , name_(std::move(name))
     {}
 
+    void prepare() override { script_.calls.push_back(name_ + " prepare"); }
+
     std::optional<PointerLocation> pointerLocation() override
     {
         script_.calls.push_back(name_ + " location");
@@ -59,9 +61,13 @@ class FallbackInputPosterTest : public testing::Test
 protected:
     FallbackInputPoster::Candidate candidate(std::string name, const bool &canOpen)
     {
-        return [this, name = std::move(name), &canOpen]() -> std::unique_ptr<InputPoster> {
+        return [this, name = std::move(name), &canOpen](Obstacle &why) -> std::unique_ptr<InputPoster> {
             script.calls.push_back("open " + name);
-            return canOpen ? std::make_unique<ScriptedPoster>(script, name) : nullptr;
+            if (!canOpen) {
+                why.reason = QString::fromStdString(name) + QStringLiteral(" is shut");
+                return nullptr;
+            }
+            return std::make_unique<ScriptedPoster>(script, name);
         };
     }
 
@@ -119,12 +125,32 @@ TEST_F(FallbackInputPosterTest, LooksFromTheStartAgainWhenItsWayIsLost)
     EXPECT_THAT(takeCalls(), ElementsAre("open first", "open second", "second post", "second post"));
 }
 
+TEST_F(FallbackInputPosterTest, PreparesTheOneItWillPostThrough)
+{
+    EXPECT_FALSE(poster.isReady());
+    script.canOpenFirst = false;
+    poster.prepare();
+    EXPECT_TRUE(poster.isReady());
+    EXPECT_EQ(poster.obstacle(), Obstacle{});
+    EXPECT_THAT(takeCalls(), ElementsAre("open first", "open second", "second prepare"));
+}
+
+TEST_F(FallbackInputPosterTest, SaysWhatIsInTheWayOfTheLastWhereNoneOpens)
+{
+    script.canOpenFirst = script.canOpenSecond = false;
+    poster.prepare();
+    EXPECT_FALSE(poster.isReady());
+    EXPECT_EQ(poster.obstacle().reason, QStringLiteral("second is shut"));
+}
+
 TEST(InputPosterCandidatesTest, TheEnvironmentCanLeaveOneOfThem)
 {
     qputenv("STIRRA_INPUT_BACKEND", "none");
     const auto none = inputPosterCandidates();
     ASSERT_THAT(none, SizeIs(1));
-    EXPECT_EQ(none.front()(), nullptr);
+    Obstacle why;
+    EXPECT_EQ(none.front()(why), nullptr);
+    EXPECT_FALSE(why.reason.isEmpty());
 
     qputenv("STIRRA_INPUT_BACKEND", "xtest");
     EXPECT_THAT(inputPosterCandidates(), SizeIs(1));

@@ -53,6 +53,12 @@ struct Backend
     std::unique_ptr<InputPoster> (*open)();
 };
 
+std::unique_ptr<InputPoster> openXtest()
+{
+    Obstacle why;
+    return XtestInputPoster::create(why);
+}
+
 std::unique_ptr<InputPoster> openFallback()
 {
     return std::make_unique<FallbackInputPoster>(
@@ -283,8 +289,8 @@ TEST_P(InputPosterTest, AScrollOfAnySizeIsSurvived)
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, InputPosterTest,
-                         testing::Values(Backend{"XtestOnXvfb", false, XtestInputPoster::create},
-                                         Backend{"XtestOnXorg", true, XtestInputPoster::create},
+                         testing::Values(Backend{"XtestOnXvfb", false, openXtest},
+                                         Backend{"XtestOnXorg", true, openXtest},
                                          Backend{"FallbackOnXvfb", false, openFallback}),
                          [](const auto &backend) { return std::string(backend.param.name); });
 

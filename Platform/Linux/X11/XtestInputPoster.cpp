@@ -34,10 +34,16 @@ std::optional<std::int16_t> pixel(double coordinate)
 
 } // namespace
 
-std::unique_ptr<InputPoster> XtestInputPoster::create()
+std::unique_ptr<InputPoster> XtestInputPoster::create(Obstacle &why)
 {
     std::unique_ptr<XtestInputPoster> poster(new XtestInputPoster);
-    if (!poster->connection_.isOpen() || !poster->hasXtest()) {
+    if (!poster->connection_.isOpen()) {
+        why = {QStringLiteral("No X server answers."), QStringLiteral("Start it in an X11 session.")};
+        return nullptr;
+    }
+    if (!poster->hasXtest()) {
+        why = {QStringLiteral("The X server lacks the XTEST extension."),
+               QStringLiteral("Start the X server with XTEST.")};
         return nullptr;
     }
     poster->prepare();

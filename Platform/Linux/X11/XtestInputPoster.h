@@ -19,8 +19,8 @@ namespace platform {
 class XtestInputPoster final : public InputPoster
 {
 public:
-    // Nothing where there is no X server, or it has no XTEST.
-    [[nodiscard]] static std::unique_ptr<InputPoster> create();
+    // Nothing where there is no X server, or it has no XTEST; `why` then says so.
+    [[nodiscard]] static std::unique_ptr<InputPoster> create(Obstacle &why);
 
     std::optional<PointerLocation> pointerLocation() override;
     bool post(const InputEvent &event) override;

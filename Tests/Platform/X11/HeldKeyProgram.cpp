@@ -8,7 +8,8 @@
 
 int main()
 {
-    const auto poster = platform::XtestInputPoster::create();
+    platform::Obstacle why;
+    const auto poster = platform::XtestInputPoster::create(why);
     const bool isPressed = poster && poster->post(platform::KeyEvent{55, true, 0x800000});
     std::puts(isPressed ? "pressed" : "not pressed");
     std::fflush(stdout);

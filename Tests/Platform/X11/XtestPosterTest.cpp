@@ -19,7 +19,8 @@ ScopedDisplay::~ScopedDisplay()
 std::unique_ptr<platform::InputPoster> posterOn(const QString &display)
 {
     const ScopedDisplay scope(display);
-    return platform::XtestInputPoster::create();
+    platform::Obstacle why;
+    return platform::XtestInputPoster::create(why);
 }
 
 bool becomesIdle(const XClient &x)
