@@ -1,6 +1,6 @@
 #include "App/AppDelegate.h"
 
-#include "App/MainViewFonts.h"
+#include "App/FirstTexts.h"
 #include "App/WindowIcon.h"
 #include "Platform/Platform.h"
 
@@ -28,18 +28,18 @@ void centre(QWindow &window)
     window.setGeometry(frame);
 }
 
-// Qt reads the views on a thread of its own. Meanwhile this one opens the fonts, which takes as long: one at
-// each turn of the loop, since the other thread asks it for things in between.
+// Qt reads the views on a thread of its own. Meanwhile this one draws the letters, which takes as long: one
+// text at each turn of the loop, since the other thread asks it for things in between.
 void awaitLoaded(const QQmlComponent &component)
 {
     QEventLoop loop;
     QObject::connect(&component, &QQmlComponent::statusChanged, &loop, &QEventLoop::quit);
     QTimer turns;
-    QObject::connect(&turns, &QTimer::timeout, &turns, [&turns, fonts = mainViewFonts()]() mutable {
-        if (fonts.isEmpty()) {
+    QObject::connect(&turns, &QTimer::timeout, &turns, [&turns, texts = firstTexts()]() mutable {
+        if (texts.isEmpty()) {
             turns.stop();
         } else {
-            openFont(fonts.takeFirst());
+            drawAside(texts.takeFirst());
         }
     });
     turns.start(0);
@@ -48,25 +48,17 @@ void awaitLoaded(const QQmlComponent &component)
     }
 }
 
-void loadMainView(QQuickView &window)
+QUrl mainViewUrl()
 {
-    window.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    const QUrl url(QStringLiteral("qrc:/qt/qml/Stirra/StirraMainView.qml"));
-    auto *component = new QQmlComponent(window.engine(), url, QQmlComponent::Asynchronous, &window);
-    awaitLoaded(*component);
-    window.setContent(url, component, component->create());
+    return QUrl(QStringLiteral("qrc:/qt/qml/Stirra/StirraMainView.qml"));
 }
 
-std::unique_ptr<QQuickView> makeMainWindow()
+void prepareMainWindow(QQuickView &window)
 {
-    auto window = std::make_unique<QQuickView>();
-    window->setTitle(QStringLiteral("Stirra"));
-    window->setMinimumSize(smallestSize);
-    window->setResizeMode(QQuickView::SizeRootObjectToView);
-    QObject::connect(window->engine(), &QQmlEngine::quit, qApp, &QGuiApplication::quit, Qt::QueuedConnection);
-    loadMainView(*window);
-    centre(*window);
-    return window;
+    window.setTitle(QStringLiteral("Stirra"));
+    window.setMinimumSize(smallestSize);
+    window.setResizeMode(QQuickView::SizeRootObjectToView);
+    QObject::connect(window.engine(), &QQmlEngine::quit, qApp, &QGuiApplication::quit, Qt::QueuedConnection);
 }
 
 // The icon of programs that run without being installed; it is not worth a delay of the first frame.
@@ -81,13 +73,22 @@ void setIconAfterFirstFrame(QQuickView &window)
 
 AppDelegate::AppDelegate(QObject *parent)
     : QObject(parent)
-{}
+    , preparedWindow_(std::make_unique<QQuickView>())
+{
+    auto *engine = preparedWindow_->engine();
+    engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    mainView_ = new QQmlComponent(engine, mainViewUrl(), QQmlComponent::Asynchronous, preparedWindow_.get());
+}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    mainWindow_ = makeMainWindow();
+    prepareMainWindow(*preparedWindow_);
+    awaitLoaded(*mainView_);
+    preparedWindow_->setContent(mainViewUrl(), mainView_, mainView_->create());
+    centre(*preparedWindow_);
+    mainWindow_ = std::move(preparedWindow_);
     setIconAfterFirstFrame(*mainWindow_);
     platform::Platform::current().appearance().awaitFirstAnswer();
     mainWindow_->show();

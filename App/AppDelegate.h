@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class QQmlComponent;
 class QQuickView;
 
 namespace stirra {
@@ -17,6 +18,7 @@ class AppDelegate : public QObject
     Q_OBJECT
 
 public:
+    // Begins to read the views, on a thread of Qt's own.
     explicit AppDelegate(QObject *parent = nullptr);
     ~AppDelegate() override;
 
@@ -30,6 +32,8 @@ public:
     [[nodiscard]] QQuickView *mainWindow() const { return mainWindow_.get(); }
 
 private:
+    std::unique_ptr<QQuickView> preparedWindow_; // until the launch
+    QQmlComponent *mainView_ = nullptr;          // owned by its window
     std::unique_ptr<QQuickView> mainWindow_;
 };
 

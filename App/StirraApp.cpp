@@ -30,6 +30,7 @@ void reopen(AppDelegate &delegate, const QString &activationToken)
 
 int run(platform::Platform &platform)
 {
+    AppDelegate delegate; // reads its views while the session is asked who is first
     auto &link = platform.applicationLink();
     bool isEnding = false; // before the main loop runs nobody would hear a quit
     QObject::connect(&link, &platform::ApplicationLink::quitRequested, &link,
@@ -37,7 +38,6 @@ int run(platform::Platform &platform)
     if (!link.claim()) {
         return 0;
     }
-    AppDelegate delegate;
     QObject::connect(&link, &platform::ApplicationLink::reopenRequested, &delegate,
                      [&delegate](const QString &token) { reopen(delegate, token); });
     delegate.applicationDidFinishLaunching();

@@ -1,6 +1,6 @@
 // What the window shows and does.
 
-#include "App/MainViewFonts.h"
+#include "App/FirstTexts.h"
 #include "Tests/App/MainWindowTest.h"
 
 namespace stirra {
@@ -144,13 +144,19 @@ TEST_F(MainWindowTest, TheFocusIsVisible)
     EXPECT_NE(picture(), without);
 }
 
-TEST_F(MainWindowTest, OpensTheFontsThatItsTextsAreIn)
+TEST_F(MainWindowTest, DrawsEveryLetterOfItsFirstTextsAside)
 {
-    const auto fonts = mainViewFonts();
+    QHash<QFont, QString> letters;
+    for (const auto &[font, text] : firstTexts()) {
+        letters[font] += text;
+    }
     for (const auto *label : window().rootObject()->findChildren<QQuickItem *>()) {
-        if (label->inherits("QQuickText")) {
-            EXPECT_TRUE(fonts.contains(label->property("font").value<QFont>()))
-                << label->property("text").toString().toStdString();
+        if (label->inherits("QQuickText") && label->isVisible()) {
+            const auto drawn = letters.value(label->property("font").value<QFont>());
+            for (const auto letter : label->property("text").toString()) {
+                EXPECT_TRUE(letter == QLatin1Char(' ') || drawn.contains(letter))
+                    << label->property("text").toString().toStdString();
+            }
         }
     }
 }
