@@ -10,7 +10,6 @@
 #include <QQmlEngine>
 #include <QQuickView>
 #include <QScreen>
-#include <QTimer>
 
 namespace stirra {
 
@@ -32,17 +31,13 @@ void centre(QWindow &window)
 // text at each turn of the loop, since the other thread asks it for things in between.
 void awaitLoaded(const QQmlComponent &component)
 {
+    auto texts = firstTexts();
+    while (!texts.isEmpty()) {
+        drawAside(texts.takeFirst());
+        QCoreApplication::processEvents();
+    }
     QEventLoop loop;
     QObject::connect(&component, &QQmlComponent::statusChanged, &loop, &QEventLoop::quit);
-    QTimer turns;
-    QObject::connect(&turns, &QTimer::timeout, &turns, [&turns, texts = firstTexts()]() mutable {
-        if (texts.isEmpty()) {
-            turns.stop();
-        } else {
-            drawAside(texts.takeFirst());
-        }
-    });
-    turns.start(0);
     if (component.isLoading()) {
         loop.exec();
     }
@@ -85,9 +80,10 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     prepareMainWindow(*preparedWindow_);
+    centre(*preparedWindow_);
+    preparedWindow_->create();
     awaitLoaded(*mainView_);
     preparedWindow_->setContent(mainViewUrl(), mainView_, mainView_->create());
-    centre(*preparedWindow_);
     mainWindow_ = std::move(preparedWindow_);
     setIconAfterFirstFrame(*mainWindow_);
     platform::Platform::current().appearance().awaitFirstAnswer();

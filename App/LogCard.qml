@@ -3,24 +3,17 @@ import QtQuick.Layouts
 import Stirra
 import Toolkit
 
-// The newest entries of the action log, once there are any.
+// The newest entries of the action log.
 CaptionedCard {
     id: root
 
-    required property StirraEngine engine
+    required property ActionLogModel log
 
     caption: "Action Log"
     note: log.entryCount + " events"
-    visible: log.entryCount > 0
-
-    ActionLogModel {
-        id: log
-
-        engine: root.engine
-    }
 
     Repeater {
-        model: log
+        model: root.log
 
         HStack {
             required property string timeText

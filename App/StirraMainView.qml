@@ -8,6 +8,9 @@ Rectangle {
     id: root
 
     readonly property StirraEngine engine: StirraEngine {}
+    readonly property ActionLogModel actionLog: ActionLogModel {
+        engine: root.engine
+    }
 
     implicitWidth: 400
     implicitHeight: 520
@@ -71,10 +74,15 @@ Rectangle {
                     Layout.fillWidth: true
                 }
 
-                LogCard {
-                    objectName: "logCard"
-                    engine: root.engine
+                Loader {
+                    active: root.actionLog.entryCount > 0
+                    visible: active
                     Layout.fillWidth: true
+
+                    sourceComponent: LogCard {
+                        objectName: "logCard"
+                        log: root.actionLog
+                    }
                 }
             }
         }

@@ -44,13 +44,16 @@ FocusScope {
         onTapped: root.clicked()
     }
 
-    RoundedRectangle {
+    Loader {
         anchors.fill: parent
         anchors.margins: -3
-        radius: root.radius + 3
-        strokeColor: Qt.alpha(SystemStyle.accent, 0.6)
-        strokeWidth: 2
-        visible: root.activeFocus
+        active: root.activeFocus
         z: 1
+
+        sourceComponent: RoundedRectangle {
+            radius: root.radius + 3
+            strokeColor: Qt.alpha(SystemStyle.accent, 0.6)
+            strokeWidth: 2
+        }
     }
 }
