@@ -10,13 +10,17 @@
 
 namespace platform {
 
-LinuxPlatform::LinuxPlatform()
-    : inputPoster_(inputPosterCandidates())
-{}
-
 LinuxPlatform::~LinuxPlatform()
 {
     awaitFontConfiguration();
+}
+
+InputPoster &LinuxPlatform::inputPoster()
+{
+    if (!inputPoster_) {
+        inputPoster_.emplace(inputPosterCandidates());
+    }
+    return *inputPoster_;
 }
 
 Appearance &LinuxPlatform::appearance()
