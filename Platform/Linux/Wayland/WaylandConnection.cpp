@@ -36,10 +36,6 @@ WaylandConnection::WaylandConnection()
     if (auto socket = connectToCompositor(); socket.isOpen()) {
         display_.reset(wl_display_connect_to_fd(socket.release()));
     }
-    if (display_) {
-        notifier_ = std::make_unique<QSocketNotifier>(wl_display_get_fd(get()), QSocketNotifier::Read);
-        QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { drain(); });
-    }
 }
 
 bool WaylandConnection::isOpen() const
@@ -62,6 +58,12 @@ void WaylandConnection::drain()
     if (notifier_ && !isOpen()) {
         notifier_->setEnabled(false); // the end of a connection can be read for ever
     }
+}
+
+void WaylandConnection::watch()
+{
+    notifier_ = std::make_unique<QSocketNotifier>(wl_display_get_fd(get()), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { drain(); });
 }
 
 bool WaylandConnection::roundTrip(Clock::time_point deadline)

@@ -43,6 +43,8 @@ public:
     bool flush();
     // Takes in what came.
     void drain();
+    // From now on the event loop takes in what comes, when it comes. REQUIRES: a Qt application.
+    void watch();
     // Sends what is queued, and waits until the compositor has answered all of it; false where it has not by
     // the deadline.
     [[nodiscard]] bool roundTrip(Clock::time_point deadline);

@@ -16,6 +16,11 @@ WaylandGlobals::WaylandGlobals(const WaylandConnection &connection)
     wl_registry_add_listener(registry_.get(), &listener, this);
 }
 
+bool WaylandGlobals::offers(const std::string &interface) const
+{
+    return std::ranges::find(globals_, interface, &Global::interface) != globals_.end();
+}
+
 void *WaylandGlobals::bindUntyped(const wl_interface &interface, std::uint32_t newestVersion)
 {
     const auto global = std::ranges::find(globals_, interface.name, &Global::interface);

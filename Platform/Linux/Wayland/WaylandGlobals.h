@@ -19,6 +19,7 @@ public:
     WaylandGlobals(const WaylandGlobals &) = delete;
     WaylandGlobals &operator=(const WaylandGlobals &) = delete;
 
+    [[nodiscard]] bool offers(const std::string &interface) const;
     // Takes the first offer of an interface, at most in the given version; nothing where there is none.
     template <class Proxy>
     [[nodiscard]] WaylandObject<Proxy> bind(const wl_interface &interface, std::uint32_t newestVersion)

@@ -37,6 +37,7 @@ std::unique_ptr<InputPoster> WlrootsInputPoster::create(Obstacle &why)
         why = obstacle;
         return nullptr;
     }
+    poster->connection_.watch();
     return poster;
 }
 
