@@ -1,5 +1,7 @@
 #include "Platform/Linux/InputPosters.h"
 
+#include "Platform/Linux/Wayland/WaylandSocket.h"
+#include "Platform/Linux/Wayland/WlrootsInputPoster.h"
 #include "Platform/Linux/X11/XtestInputPoster.h"
 
 namespace platform {
@@ -13,25 +15,49 @@ std::unique_ptr<InputPoster> openNone(Obstacle &why)
     return nullptr;
 }
 
+constexpr unsigned x11 = 1;
+constexpr unsigned wayland = 2;
+
+struct Way
+{
+    unsigned sessions; // the kinds of session that it is for
+    NamedInputPoster poster;
+};
+
+std::vector<Way> allWays()
+{
+    return {
+        {x11, {QStringLiteral("xtest"), XtestInputPoster::create}},
+        {wayland, {QStringLiteral("wlroots"), WlrootsInputPoster::create}},
+        {x11 | wayland, {QStringLiteral("none"), openNone}},
+    };
+}
+
 } // namespace
 
 std::vector<NamedInputPoster> namedInputPosters()
 {
-    return {
-        {QStringLiteral("xtest"), XtestInputPoster::create},
-        {QStringLiteral("none"), openNone},
-    };
+    const auto session = isWaylandSession() ? wayland : x11;
+    std::vector<NamedInputPoster> posters;
+    for (const auto &way : allWays()) {
+        if ((way.sessions & session) != 0) {
+            posters.push_back(way.poster);
+        }
+    }
+    return posters;
 }
 
 std::vector<FallbackInputPoster::Candidate> inputPosterCandidates()
 {
     const auto forced = qEnvironmentVariable("STIRRA_INPUT_BACKEND");
-    std::vector<FallbackInputPoster::Candidate> all;
-    for (const auto &[name, open] : namedInputPosters()) {
-        if (forced == name) {
-            return {open};
+    for (const auto &way : allWays()) {
+        if (way.poster.name == forced) {
+            return {way.poster.open};
         }
-        all.push_back(open);
+    }
+    std::vector<FallbackInputPoster::Candidate> all;
+    for (const auto &poster : namedInputPosters()) {
+        all.push_back(poster.open);
     }
     return all;
 }

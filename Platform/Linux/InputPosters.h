@@ -12,11 +12,12 @@ struct NamedInputPoster
     FallbackInputPoster::Candidate open;
 };
 
-// The ways of this session, in the order in which they are asked.
+// The ways of this session, in the order in which they are asked. Asks which kind of session it is.
 [[nodiscard]] std::vector<NamedInputPoster> namedInputPosters();
 
-// The same without their names. The environment variable STIRRA_INPUT_BACKEND ("xtest" or "none") leaves only
-// the one it names, for tests and trouble-shooting; another name leaves all.
+// The same without their names. The environment variable STIRRA_INPUT_BACKEND leaves only the one it names
+// ("xtest", "wlroots", "none"), whatever the session, for tests and trouble-shooting; another name leaves
+// all.
 [[nodiscard]] std::vector<FallbackInputPoster::Candidate> inputPosterCandidates();
 
 } // namespace platform

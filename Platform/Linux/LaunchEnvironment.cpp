@@ -1,5 +1,6 @@
 #include "Platform/Linux/LaunchEnvironment.h"
 
+#include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Platform.h"
 
 #include <QQuickWindow>
@@ -46,6 +47,10 @@ void drawInSoftware()
     }
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     setDefault("QT_XCB_GL_INTEGRATION", "none");
+    if (compositorDrawsWindowFrames()) {
+        // To see whether it could draw one itself the toolkit loads all of OpenGL: 50 MB.
+        setDefault("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+    }
 }
 
 // Each repaint otherwise waits a moment for more, and for the server to have read the shared picture: two

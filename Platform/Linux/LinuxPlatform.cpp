@@ -4,19 +4,24 @@
 #include "Platform/Linux/LaunchEnvironment.h"
 #include "Platform/Linux/Portal/PortalAppearance.h"
 #include "Platform/Linux/Session/ApplicationLinks.h"
+#include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Linux/X11/XWindowPresenter.h"
 
 #include <QWindow>
 
 namespace platform {
 
-LinuxPlatform::LinuxPlatform()
-    : inputPoster_(inputPosterCandidates())
-{}
-
 LinuxPlatform::~LinuxPlatform()
 {
     awaitFontConfiguration();
+}
+
+InputPoster &LinuxPlatform::inputPoster()
+{
+    if (!inputPoster_) {
+        inputPoster_.emplace(inputPosterCandidates());
+    }
+    return *inputPoster_;
 }
 
 Appearance &LinuxPlatform::appearance()
@@ -43,7 +48,7 @@ void LinuxPlatform::present(QWindow &window, const QString &activationToken)
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
-    window.requestActivate();
+    activateWindow(window, activationToken);
     activateXWindow(window, activationToken);
 }
 

@@ -6,23 +6,24 @@
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtScheduler.h"
 
+#include <optional>
+
 namespace platform {
 
 class LinuxPlatform final : public Platform
 {
 public:
-    LinuxPlatform();
     ~LinuxPlatform() override;
 
     Scheduler &scheduler() override { return scheduler_; }
-    InputPoster &inputPoster() override { return inputPoster_; }
+    InputPoster &inputPoster() override;
     Appearance &appearance() override;
     ApplicationLink &applicationLink() override;
     void present(QWindow &window, const QString &activationToken) override;
 
 private:
     QtScheduler scheduler_;
-    FallbackInputPoster inputPoster_;
+    std::optional<FallbackInputPoster> inputPoster_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<ApplicationLink> applicationLink_;
     std::unique_ptr<TerminationSignals> terminationSignals_;

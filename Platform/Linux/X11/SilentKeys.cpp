@@ -1,32 +1,21 @@
 #include "Platform/Linux/X11/SilentKeys.h"
 
+#include "Platform/Linux/SilentKeyChoice.h"
+
 #include <algorithm>
-#include <array>
+#include <span>
 #include <vector>
 
 namespace platform {
 
 namespace {
 
-constexpr std::uint16_t leftCommand = 55;
-constexpr std::uint16_t rightCommand = 54;
-
-// An evdev code is 8 below the X key code.
-constexpr xcb_keycode_t keyF19 = 189 + 8;
-constexpr xcb_keycode_t keyF24 = 194 + 8;
-constexpr xcb_keycode_t keyUnknown = 240 + 8;
-
-std::array<xcb_keycode_t, 3> candidatesFor(std::uint16_t virtualKeyCode)
-{
-    if (virtualKeyCode == leftCommand) {
-        return {keyF24, keyUnknown, keyF19};
-    }
-    return {keyF19, keyUnknown, keyF24};
-}
+constexpr xcb_keycode_t lowest = lowestSilentKey + xkbCodeOfEvdev;
+constexpr xcb_keycode_t highest = highestSilentKey + xkbCodeOfEvdev;
 
 using KeyCodes = std::vector<xcb_keycode_t>;
 
-// The key codes from F19 to KEY_UNKNOWN that have a symbol in any group and level.
+// The key codes from the lowest to the highest that have a symbol in any group and level.
 bool addKeyCodesWithSymbol(XConnection &connection, xcb_get_keyboard_mapping_cookie_t cookie, KeyCodes &used)
 {
     const auto mapping = xReply(xcb_get_keyboard_mapping_reply, connection.get(), cookie);
@@ -37,7 +26,7 @@ bool addKeyCodesWithSymbol(XConnection &connection, xcb_get_keyboard_mapping_coo
                             static_cast<std::size_t>(xcb_get_keyboard_mapping_keysyms_length(mapping.get())));
     for (std::size_t i = 0; i < symbols.size(); ++i) {
         if (symbols[i] != XCB_NO_SYMBOL) {
-            used.push_back(static_cast<xcb_keycode_t>(keyF19 + i / mapping->keysyms_per_keycode));
+            used.push_back(static_cast<xcb_keycode_t>(lowest + i / mapping->keysyms_per_keycode));
         }
     }
     return true;
@@ -57,7 +46,7 @@ bool addModifierKeyCodes(XConnection &connection, xcb_get_modifier_mapping_cooki
 std::optional<KeyCodes> usedKeyCodes(XConnection &connection)
 {
     auto *x = connection.get();
-    const auto keys = xcb_get_keyboard_mapping_unchecked(x, keyF19, keyUnknown - keyF19 + 1);
+    const auto keys = xcb_get_keyboard_mapping_unchecked(x, lowest, highest - lowest + 1);
     const auto modifiers = xcb_get_modifier_mapping_unchecked(x);
     KeyCodes used;
     const bool hasKeys = addKeyCodesWithSymbol(connection, keys, used);
@@ -67,23 +56,14 @@ std::optional<KeyCodes> usedKeyCodes(XConnection &connection)
 
 } // namespace
 
-std::optional<xcb_keycode_t> firstFreeKeyCode(std::span<const xcb_keycode_t> candidates,
-                                              std::span<const xcb_keycode_t> usedKeyCodes)
-{
-    const auto isFree = [&](xcb_keycode_t code) {
-        return std::ranges::find(usedKeyCodes, code) == usedKeyCodes.end();
-    };
-    const auto found = std::ranges::find_if(candidates, isFree);
-    return found == candidates.end() ? std::nullopt : std::optional(*found);
-}
-
 std::optional<xcb_keycode_t> silentKeyCode(XConnection &connection, std::uint16_t virtualKeyCode)
 {
-    if (virtualKeyCode != leftCommand && virtualKeyCode != rightCommand) {
-        return std::nullopt;
-    }
-    const auto used = usedKeyCodes(connection);
-    return used ? firstFreeKeyCode(candidatesFor(virtualKeyCode), *used) : std::nullopt;
+    const auto isUsed = [&connection](std::uint16_t evdevCode) {
+        const auto used = usedKeyCodes(connection);
+        return !used || std::ranges::find(*used, evdevCode + xkbCodeOfEvdev) != used->end();
+    };
+    const auto key = chooseSilentKey(virtualKeyCode, isUsed);
+    return key ? std::optional(static_cast<xcb_keycode_t>(*key + xkbCodeOfEvdev)) : std::nullopt;
 }
 
 } // namespace platform

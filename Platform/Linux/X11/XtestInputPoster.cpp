@@ -1,5 +1,6 @@
 #include "Platform/Linux/X11/XtestInputPoster.h"
 
+#include "Platform/Linux/PointerPixel.h"
 #include "Platform/Linux/X11/SilentKeys.h"
 
 #include <xcb/xinput.h>
@@ -8,9 +9,7 @@
 #include <QTimer>
 
 #include <chrono>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 namespace platform {
 
@@ -21,16 +20,6 @@ constexpr std::uint8_t buttonScrollRight = 7;
 constexpr std::int64_t mostNotches = 100;
 // Programs were done after 5 ms; the return of a scroll comes after 100 ms.
 constexpr std::chrono::milliseconds deviceChangeTime(20);
-
-std::optional<std::int16_t> pixel(double coordinate)
-{
-    using Range = std::numeric_limits<std::int16_t>;
-    const double rounded = std::round(coordinate);
-    if (!(rounded >= Range::min() && rounded <= Range::max())) {
-        return std::nullopt;
-    }
-    return static_cast<std::int16_t>(rounded);
-}
 
 } // namespace
 
@@ -87,8 +76,8 @@ bool XtestInputPoster::post(const InputEvent &event)
 
 bool XtestInputPoster::postEvent(const MouseMoved &event)
 {
-    const auto x = pixel(event.location.x);
-    const auto y = pixel(event.location.y);
+    const auto x = pointerPixel(event.location.x);
+    const auto y = pointerPixel(event.location.y);
     if (!x || !y) {
         return false;
     }
@@ -98,26 +87,20 @@ bool XtestInputPoster::postEvent(const MouseMoved &event)
 
 bool XtestInputPoster::postEvent(const KeyEvent &event)
 {
-    return event.isDown ? holdPress(event) : sendPressAndRelease(event);
+    return event.isDown
+               ? heldKey_.press(event.virtualKeyCode, silentKeyCode(connection_, event.virtualKeyCode))
+               : sendPressAndRelease(event);
 }
 
-bool XtestInputPoster::holdPress(const KeyEvent &event)
+bool XtestInputPoster::sendPressAndRelease(const KeyEvent &release)
 {
-    heldPress_.reset();
-    if (const auto keyCode = silentKeyCode(connection_, event.virtualKeyCode)) {
-        heldPress_ = HeldPress{event.virtualKeyCode, *keyCode};
-    }
-    return heldPress_.has_value();
-}
-
-bool XtestInputPoster::sendPressAndRelease(const KeyEvent &event)
-{
-    if (!heldPress_ || heldPress_->virtualKeyCode != event.virtualKeyCode) {
+    const auto carrier = heldKey_.release(release.virtualKeyCode);
+    if (!carrier) {
         return false;
     }
-    queueFakeInput(XCB_KEY_PRESS, heldPress_->keyCode);
-    queueFakeInput(XCB_KEY_RELEASE, heldPress_->keyCode);
-    heldPress_.reset();
+    const auto keyCode = static_cast<xcb_keycode_t>(*carrier);
+    queueFakeInput(XCB_KEY_PRESS, keyCode);
+    queueFakeInput(XCB_KEY_RELEASE, keyCode);
     return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/InputPoster.h"
+#include "Platform/Linux/HeldKey.h"
 #include "Platform/Linux/X11/SmoothScroll.h"
 #include "Platform/Linux/X11/XConnection.h"
 
@@ -38,20 +39,12 @@ private:
 
     void beginScroll();
     void scrollLater(std::int32_t pixels);
-    bool holdPress(const KeyEvent &event);
-    bool sendPressAndRelease(const KeyEvent &event);
+    bool sendPressAndRelease(const KeyEvent &release);
     void queueScrollNotches(std::int32_t notches);
     void queueFakeInput(std::uint8_t type, std::uint8_t detail, std::int16_t x = 0, std::int16_t y = 0);
 
     XConnection connection_;
-    // The press that waits for its release: both leave in one piece, so that the end of the program cannot
-    // come in between and leave a key held down.
-    struct HeldPress
-    {
-        std::uint16_t virtualKeyCode = 0;
-        xcb_keycode_t keyCode = 0;
-    };
-    std::optional<HeldPress> heldPress_;
+    HeldKey heldKey_;
     // The axis of the last scroll, so that the return goes through the same one. It is looked up again for
     // each scroll away from the start, since pointers come and go.
     std::optional<ScrollAxis> scrollAxis_;

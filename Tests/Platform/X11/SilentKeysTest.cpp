@@ -96,19 +96,6 @@ QStringList installedLayouts()
 
 } // namespace
 
-TEST(FirstFreeKeyCodeTest, IsTheFirstCandidateThatIsNotUsed)
-{
-    const std::array<xcb_keycode_t, 3> candidates{202, 248, 197};
-    const auto first = [&candidates](const std::vector<xcb_keycode_t> &used) {
-        return firstFreeKeyCode(candidates, used);
-    };
-    EXPECT_THAT(first({}), Optional(202));
-    EXPECT_THAT(first({197, 202}), Optional(248));
-    EXPECT_THAT(first({248, 202, 0}), Optional(197));
-    EXPECT_EQ(first({202, 248, 197}), std::nullopt);
-    EXPECT_EQ(firstFreeKeyCode({}, {}), std::nullopt);
-}
-
 TEST_F(SilentKeysTest, TheStockKeymapHasOneForEachCommandKey)
 {
     EXPECT_THAT(silentKeyCode(connection, leftCommand), Optional(keyF24));

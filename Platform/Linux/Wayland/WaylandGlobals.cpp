@@ -1,0 +1,44 @@
+#include "Platform/Linux/Wayland/WaylandGlobals.h"
+
+#include <algorithm>
+
+namespace platform {
+
+const wl_registry_listener WaylandGlobals::listener{
+    [](void *self, wl_registry *, std::uint32_t name, const char *interface, std::uint32_t version) {
+        static_cast<WaylandGlobals *>(self)->globals_.push_back({name, interface, version, false});
+    },
+    [](void *self, wl_registry *, std::uint32_t name) { static_cast<WaylandGlobals *>(self)->remove(name); }};
+
+WaylandGlobals::WaylandGlobals(const WaylandConnection &connection)
+    : registry_(wl_display_get_registry(connection.get()))
+{
+    wl_registry_add_listener(registry_.get(), &listener, this);
+}
+
+bool WaylandGlobals::offers(const std::string &interface) const
+{
+    return std::ranges::find(globals_, interface, &Global::interface) != globals_.end();
+}
+
+void *WaylandGlobals::bindUntyped(const wl_interface &interface, std::uint32_t newestVersion)
+{
+    const auto global = std::ranges::find(globals_, interface.name, &Global::interface);
+    if (global == globals_.end()) {
+        return nullptr;
+    }
+    global->isBound = true;
+    return wl_registry_bind(registry_.get(), global->name, &interface,
+                            std::min(global->version, newestVersion));
+}
+
+void WaylandGlobals::remove(std::uint32_t name)
+{
+    const auto global = std::ranges::find(globals_, name, &Global::name);
+    if (global != globals_.end()) {
+        isAnythingBoundGone_ = isAnythingBoundGone_ || global->isBound;
+        globals_.erase(global);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,52 @@
+// What the compositor offers to its clients.
+#pragma once
+
+#include "Platform/Linux/Wayland/WaylandConnection.h"
+
+#include <wayland-client-protocol.h>
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+// Follows the offers as they come and go; complete after a round trip of the connection. Main thread.
+class WaylandGlobals
+{
+public:
+    // REQUIRES: the connection is open, and outlives it.
+    explicit WaylandGlobals(const WaylandConnection &connection);
+    WaylandGlobals(const WaylandGlobals &) = delete;
+    WaylandGlobals &operator=(const WaylandGlobals &) = delete;
+
+    [[nodiscard]] bool offers(const std::string &interface) const;
+    // Takes the first offer of an interface, at most in the given version; nothing where there is none.
+    template <class Proxy>
+    [[nodiscard]] WaylandObject<Proxy> bind(const wl_interface &interface, std::uint32_t newestVersion)
+    {
+        return WaylandObject<Proxy>(static_cast<Proxy *>(bindUntyped(interface, newestVersion)));
+    }
+
+    // Whether the compositor took back something that was bound.
+    [[nodiscard]] bool isAnythingBoundGone() const { return isAnythingBoundGone_; }
+
+private:
+    struct Global
+    {
+        std::uint32_t name = 0;
+        std::string interface;
+        std::uint32_t version = 0;
+        bool isBound = false;
+    };
+
+    [[nodiscard]] void *bindUntyped(const wl_interface &interface, std::uint32_t newestVersion);
+    void remove(std::uint32_t name);
+
+    static const wl_registry_listener listener;
+
+    WaylandObject<wl_registry> registry_;
+    std::vector<Global> globals_;
+    bool isAnythingBoundGone_ = false;
+};
+
+} // namespace platform
