@@ -1,14 +1,10 @@
 #include "Platform/Linux/Wayland/VirtualKeyboard.h"
 
-#include "Platform/Linux/SilentKeyChoice.h"
-#include "Platform/Linux/Wayland/Keymap.h"
 #include "Platform/Linux/Wayland/WaylandTime.h"
 
 #include <virtual-keyboard-unstable-v1-client-protocol.h>
 
 #include <sys/mman.h>
-
-#include <algorithm>
 
 namespace platform {
 
@@ -28,39 +24,13 @@ FileDescriptor fileWith(const QByteArray &text)
 VirtualKeyboard::VirtualKeyboard(WaylandObject<zwp_virtual_keyboard_manager_v1> manager,
                                  const SeatKeyboard &seat)
     : seat_(seat)
+    , silentKeys_(seat)
     , manager_(std::move(manager))
 {}
 
-std::optional<std::uint16_t> VirtualKeyboard::silentKey(std::uint16_t virtualKeyCode)
-{
-    const auto isUsed = [this](std::uint16_t key) {
-        return !readKeymap() || std::ranges::find(keysWithMeaning_, key) != keysWithMeaning_.end();
-    };
-    return chooseSilentKey(virtualKeyCode, isUsed);
-}
-
-bool VirtualKeyboard::readKeymap()
-{
-    auto text = seat_.keymapText();
-    if (text.isEmpty()) {
-        text = keymapText_.isEmpty() ? defaultKeymapText() : keymapText_;
-    }
-    if (text == keymapText_) {
-        return !text.isEmpty();
-    }
-    const auto keys = keysWithMeaning(text);
-    if (!keys) {
-        return false;
-    }
-    keymapText_ = std::move(text);
-    keysWithMeaning_ = *keys;
-    isKeymapSent_ = false;
-    return true;
-}
-
 bool VirtualKeyboard::type(std::uint16_t evdevCode)
 {
-    if (!isKeymapSent_ && !sendKeymap()) {
+    if (silentKeys_.keymapText() != sentKeymapText_ && !sendKeymap()) {
         return false;
     }
     for (const auto state : {WL_KEYBOARD_KEY_STATE_PRESSED, WL_KEYBOARD_KEY_STATE_RELEASED}) {
@@ -71,7 +41,8 @@ bool VirtualKeyboard::type(std::uint16_t evdevCode)
 
 bool VirtualKeyboard::sendKeymap()
 {
-    const auto file = fileWith(keymapText_);
+    const auto &text = silentKeys_.keymapText();
+    const auto file = fileWith(text);
     if (!file.isOpen()) {
         return false;
     }
@@ -80,8 +51,8 @@ bool VirtualKeyboard::sendKeymap()
             zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(manager_.get(), seat_.seat()));
     }
     zwp_virtual_keyboard_v1_keymap(keyboard_.get(), WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1, file.get(),
-                                   static_cast<std::uint32_t>(keymapText_.size()) + 1);
-    isKeymapSent_ = true;
+                                   static_cast<std::uint32_t>(text.size()) + 1);
+    sentKeymapText_ = text;
     return true;
 }
 

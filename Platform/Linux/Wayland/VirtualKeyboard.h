@@ -1,10 +1,7 @@
 // A keyboard of the program's own on a Wayland seat, for keys without a meaning.
 #pragma once
 
-#include "Platform/Linux/Wayland/SeatKeyboard.h"
-
-#include <optional>
-#include <vector>
+#include "Platform/Linux/Wayland/SeatSilentKeys.h"
 
 struct zwp_virtual_keyboard_manager_v1;
 struct zwp_virtual_keyboard_v1;
@@ -20,23 +17,19 @@ public:
     // REQUIRES: the seat outlives it.
     VirtualKeyboard(WaylandObject<zwp_virtual_keyboard_manager_v1> manager, const SeatKeyboard &seat);
 
-    // The key that carries a virtual key code, by the seat's keymap of this moment, or the system's default
-    // where the seat has none.
-    [[nodiscard]] std::optional<std::uint16_t> silentKey(std::uint16_t virtualKeyCode);
-    // Presses and releases a key. False where there is no way to tell the keymap. REQUIRES: silentKey() gave
-    // it.
+    [[nodiscard]] SeatSilentKeys &silentKeys() { return silentKeys_; }
+    // Presses and releases a key. False where there is no way to tell the keymap. REQUIRES:
+    // silentKeys() gave it.
     bool type(std::uint16_t evdevCode);
 
 private:
-    [[nodiscard]] bool readKeymap();
     [[nodiscard]] bool sendKeymap();
 
     const SeatKeyboard &seat_;
+    SeatSilentKeys silentKeys_;
     WaylandObject<zwp_virtual_keyboard_manager_v1> manager_;
     WaylandObject<zwp_virtual_keyboard_v1> keyboard_;
-    QByteArray keymapText_;
-    std::vector<std::uint16_t> keysWithMeaning_; // by that keymap
-    bool isKeymapSent_ = false;
+    QByteArray sentKeymapText_;
 };
 
 } // namespace platform

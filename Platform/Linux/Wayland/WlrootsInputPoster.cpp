@@ -107,7 +107,7 @@ bool WlrootsInputPoster::postEvent(const MouseMoved &event)
 bool WlrootsInputPoster::postEvent(const KeyEvent &event)
 {
     if (event.isDown) {
-        return heldKey_.press(event.virtualKeyCode, keyboard_->silentKey(event.virtualKeyCode));
+        return heldKey_.press(event.virtualKeyCode, keyboard_->silentKeys().silentKey(event.virtualKeyCode));
     }
     const auto carrier = heldKey_.release(event.virtualKeyCode);
     return carrier && keyboard_->type(*carrier);
