@@ -1,16 +1,9 @@
 // The ways to post input on a Linux desktop.
 #pragma once
 
-#include "Platform/FallbackInputPoster.h"
+#include "Platform/Diagnosis.h"
 
 namespace platform {
-
-// A way to post with the name that STIRRA_INPUT_BACKEND knows it by.
-struct NamedInputPoster
-{
-    QString name;
-    FallbackInputPoster::Candidate open;
-};
 
 // The ways of this session, in the order in which they are asked. Asks which kind of session it is.
 [[nodiscard]] std::vector<NamedInputPoster> namedInputPosters();
