@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/PointerPixel.h"
 #include "Platform/Linux/X11/SilentKeys.h"
+#include "Platform/Linux/X11/Xwayland.h"
 
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
@@ -33,6 +34,11 @@ std::unique_ptr<InputPoster> XtestInputPoster::create(Obstacle &why)
     if (!poster->hasXtest()) {
         why = {QStringLiteral("The X server lacks the XTEST extension."),
                QStringLiteral("Start the X server with XTEST.")};
+        return nullptr;
+    }
+    if (isXwayland(poster->connection_)) {
+        why = {QStringLiteral("The X server is Xwayland: what is posted to it reaches X programs alone."),
+               QStringLiteral("Start it with the WAYLAND_DISPLAY of the session.")};
         return nullptr;
     }
     poster->prepare();
