@@ -41,7 +41,7 @@ std::unique_ptr<InputPoster> XtestInputPoster::create(Obstacle &why)
                QStringLiteral("Start it with the WAYLAND_DISPLAY of the session.")};
         return nullptr;
     }
-    poster->prepare();
+    poster->prepareConnection();
     return poster;
 }
 
@@ -51,7 +51,7 @@ bool XtestInputPoster::hasXtest()
     return extension && extension->present;
 }
 
-void XtestInputPoster::prepare()
+void XtestInputPoster::prepareConnection()
 {
     auto *x = connection_.get();
     // Another program that grabs the server would otherwise hold up the main loop for as long as it likes.

@@ -31,7 +31,7 @@ private:
     explicit XtestInputPoster() = default;
 
     [[nodiscard]] bool hasXtest();
-    void prepare();
+    void prepareConnection();
 
     bool postEvent(const MouseMoved &event);
     bool postEvent(const KeyEvent &event);
