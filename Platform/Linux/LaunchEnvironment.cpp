@@ -53,6 +53,13 @@ void drawInSoftware()
     }
 }
 
+// Nothing is typed into the program's window. And on a compositor without a seat the toolkit's way to
+// Wayland's input methods ends the process when the first text is laid out (Qt 6.4).
+void useNoInputMethod()
+{
+    setDefault("QT_IM_MODULE", "none");
+}
+
 // Each repaint otherwise waits a moment for more, and for the server to have read the shared picture: two
 // more wake-ups for every tick of the clock.
 void drawWithoutWaiting()
@@ -87,6 +94,7 @@ void prepareProcess()
     readLaunchToken();
     drawInSoftware();
     drawWithoutWaiting();
+    useNoInputMethod();
     readFontConfigurationAside();
 }
 

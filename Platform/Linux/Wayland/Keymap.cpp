@@ -84,7 +84,7 @@ QByteArray defaultKeymapText()
         context ? xkb_keymap_new_from_names(context.get(), nullptr, XKB_KEYMAP_COMPILE_NO_FLAGS) : nullptr);
     const Xkb<char> text(keymap ? xkb_keymap_get_as_string(keymap.get(), XKB_KEYMAP_FORMAT_TEXT_V1)
                                 : nullptr);
-    return QByteArray(text.get());
+    return {text.get()};
 }
 
 } // namespace platform

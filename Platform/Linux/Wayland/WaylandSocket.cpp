@@ -21,7 +21,7 @@ QByteArray displayName()
 // Empty where there can be no socket.
 QByteArray socketPath()
 {
-    const auto name = displayName();
+    auto name = displayName();
     const auto folder = qgetenv("XDG_RUNTIME_DIR");
     if (name.startsWith('/')) {
         return name;

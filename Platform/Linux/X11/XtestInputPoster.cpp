@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/PointerPixel.h"
 #include "Platform/Linux/X11/SilentKeys.h"
+#include "Platform/Linux/X11/Xwayland.h"
 
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
@@ -35,7 +36,12 @@ std::unique_ptr<InputPoster> XtestInputPoster::create(Obstacle &why)
                QStringLiteral("Start the X server with XTEST.")};
         return nullptr;
     }
-    poster->prepare();
+    if (isXwayland(poster->connection_)) {
+        why = {QStringLiteral("The X server is Xwayland: what is posted to it reaches X programs alone."),
+               QStringLiteral("Start it with the WAYLAND_DISPLAY of the session.")};
+        return nullptr;
+    }
+    poster->prepareConnection();
     return poster;
 }
 
@@ -45,7 +51,7 @@ bool XtestInputPoster::hasXtest()
     return extension && extension->present;
 }
 
-void XtestInputPoster::prepare()
+void XtestInputPoster::prepareConnection()
 {
     auto *x = connection_.get();
     // Another program that grabs the server would otherwise hold up the main loop for as long as it likes.

@@ -20,7 +20,7 @@ namespace platform {
 class XtestInputPoster final : public InputPoster
 {
 public:
-    // Nothing where there is no X server, or it has no XTEST; `why` then says so.
+    // Nothing where there is no X server, it has no XTEST, or it is Xwayland; `why` then says so.
     [[nodiscard]] static std::unique_ptr<InputPoster> create(Obstacle &why);
 
     std::optional<PointerLocation> pointerLocation() override;
@@ -31,7 +31,7 @@ private:
     explicit XtestInputPoster() = default;
 
     [[nodiscard]] bool hasXtest();
-    void prepare();
+    void prepareConnection();
 
     bool postEvent(const MouseMoved &event);
     bool postEvent(const KeyEvent &event);

@@ -145,6 +145,33 @@ TEST_F(WlrootsInputPosterTest, AKeyIsPressedAndReleasedInThisOrderAndTypesNothin
     EXPECT_EQ(inputCount(), 4U);
 }
 
+// The compositor tells the focused client the keymap of each keyboard that is used.
+TEST_F(WlrootsInputPosterTest, ThePersonWhoTypesKeepsTheirLayout)
+{
+    constexpr std::uint32_t keyY = 21; // "z" on a German keyboard
+    constexpr std::uint32_t keyShift = 42;
+    WaylandUser german(sway.display(), WaylandUser::keymapOfLayout("de"));
+    german.type(keyY);
+    ASSERT_TRUE(eventually([this] { return input(Kind::key).size() == 2; }));
+    EXPECT_EQ(input(Kind::key).back().text, QStringLiteral("z"));
+    const auto keymap = input(Kind::keymap).back().text;
+    window->client().sync(); // by now the compositor has told the poster too
+
+    EXPECT_TRUE(postKey(leftCommand));
+    ASSERT_TRUE(eventually([this] { return input(Kind::key).size() == 4; }));
+    EXPECT_EQ(input(Kind::key).back().text, QString());
+    EXPECT_EQ(input(Kind::keymap).back().text, keymap);
+
+    german.press(keyShift);
+    EXPECT_TRUE(postKey(rightCommand));
+    ASSERT_TRUE(eventually([this] { return input(Kind::key).size() == 7; }));
+    german.type(keyY);
+    german.release(keyShift);
+    ASSERT_TRUE(eventually([this] { return input(Kind::key).size() == 10; }));
+    EXPECT_EQ(input(Kind::key).at(7).text, QStringLiteral("Z"));
+    EXPECT_EQ(input(Kind::keymap).back().text, keymap);
+}
+
 TEST_F(WlrootsInputPosterTest, APressAloneIsSeenByNobody)
 {
     EXPECT_TRUE(poster->post(press(leftCommand)));
