@@ -1,4 +1,4 @@
-// The bus of the tests of the Settings portal.
+// The bus of the tests of the portals.
 #pragma once
 
 #include "Tests/Support/PrivateBus.h"

@@ -1,4 +1,4 @@
-// The entry of the tests of the Settings portal: the session bus of the process is a private one.
+// The entry of the tests of the portals: the session bus of the process is a private one.
 
 #include "Tests/Platform/Portal/PortalTest.h"
 
