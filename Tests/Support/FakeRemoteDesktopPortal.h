@@ -1,13 +1,13 @@
 // A desktop that lets programs control its input, or does not, as the RemoteDesktop portal would tell it.
 #pragma once
 
+#include "Tests/Support/RemoteDesktopInput.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QStringList>
-#include <QVariantMap>
 
-#include <functional>
 #include <vector>
 
 namespace testsupport {
@@ -42,16 +42,7 @@ public:
         bool takesInput = true;            // else every input is answered with an error
     };
 
-    // One call that carries input.
-    struct Input
-    {
-        QString method;
-        QVariantList values; // without the session and the options
-        QVariantMap options;
-        bool wantsReply = false;
-
-        bool operator==(const Input &) const = default;
-    };
+    using Input = RemoteDesktopInput;
 
     // REQUIRES: an application object; the bus outlives the portal.
     explicit FakeRemoteDesktopPortal(const PrivateBus &bus);
@@ -63,7 +54,7 @@ public:
     [[nodiscard]] Script &script() { return script_; }
 
     // Is told of all input that is taken.
-    void onInput(std::function<void(const Input &)> function) { inputFunction_ = std::move(function); }
+    void onInput(RemoteDesktopInputFunction function) { inputFunction_ = std::move(function); }
     // Takes this token as one that it gave out before.
     void acceptToken(const QString &token) { validTokens_.append(token); }
 
@@ -106,7 +97,7 @@ private:
 
     QDBusConnection bus_;
     Script script_;
-    std::function<void(const Input &)> inputFunction_;
+    RemoteDesktopInputFunction inputFunction_;
     QString program_;
     QString sessionPath_;
     QString questionPath_;

@@ -85,8 +85,10 @@ void PortalInputPoster::portalAnswered()
     }
     if (portal_->description()) {
         openSession();
-    } else {
-        stage_ = Stage::failed;
+        return;
+    }
+    stage_ = Stage::failed;
+    if (isOpen()) { // else another portal is another matter
         countFailure();
     }
 }

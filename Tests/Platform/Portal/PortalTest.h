@@ -8,4 +8,7 @@ namespace testsupport {
 // The private bus that is this process's session bus.
 [[nodiscard]] PrivateBus &sessionBus();
 
+// Its runtime.
+[[nodiscard]] PrivateRuntime &sessionRuntime();
+
 } // namespace testsupport

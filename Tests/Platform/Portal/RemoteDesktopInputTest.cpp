@@ -2,6 +2,7 @@
 
 #include "Tests/Platform/Portal/RemoteDesktopTest.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace platform {
@@ -193,18 +194,19 @@ TEST_F(RemoteDesktopInputTest, AScrollOfAnySizeIsSurvived)
     EXPECT_TRUE(poster->isReady());
 }
 
-TEST_F(RemoteDesktopInputTest, OneCallOfAnActionIsAnsweredAtMost)
+TEST_F(RemoteDesktopInputTest, OneCallASecondIsAnsweredAtMost)
 {
     runSession();
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(poster->post(press(leftCommand)));
     EXPECT_TRUE(poster->post(release(leftCommand)));
     EXPECT_TRUE(move(1, 1));
     EXPECT_TRUE(move(0, 0));
+    const auto duration = std::chrono::steady_clock::now() - start;
     ASSERT_THAT(arrived(), SizeIs(4));
-    EXPECT_TRUE(portal->inputs()[0].wantsReply);
-    for (std::size_t i = 1; i < 4; ++i) {
-        EXPECT_FALSE(portal->inputs()[i].wantsReply) << i;
-    }
+    EXPECT_TRUE(portal->inputs().front().wantsReply);
+    EXPECT_LE(std::ranges::count_if(portal->inputs(), &Input::wantsReply),
+              1 + duration / std::chrono::seconds(1));
 }
 
 } // namespace platform
