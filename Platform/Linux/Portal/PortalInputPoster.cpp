@@ -193,7 +193,7 @@ bool PortalInputPoster::postEvent(const ScrollPixels &event)
         return false;
     }
     scrolledPixels_ += event.dy;
-    session_->scroll(-static_cast<double>(event.dy), scrolledPixels_ == 0);
+    session_->scroll(event.dy, scrolledPixels_ == 0);
     return true;
 }
 

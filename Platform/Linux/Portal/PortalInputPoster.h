@@ -37,7 +37,7 @@ struct PortalSettings
 // prepare() is there long before the first interval is over.
 //
 // The pointer is where it was last moved to, from 0, 0 on: the portal does not tell. A scroll is one of a
-// touchpad, in pixels. The Command keys are carried by keys without a meaning. Main thread.
+// touchpad, in pixels downwards. The Command keys are carried by keys without a meaning. Main thread.
 class PortalInputPoster final : public InputPoster
 {
 public:

@@ -160,13 +160,13 @@ TEST_F(RemoteDesktopInputTest, TheCarrierIsChosenAtEachPress)
     EXPECT_THAT(arrived(), ElementsAre(key(240, 1), key(240, 0), key(189, 1), key(189, 0)));
 }
 
-TEST_F(RemoteDesktopInputTest, AScrollGoesUpByPixelsAndItsReturnEndsTheSeries)
+TEST_F(RemoteDesktopInputTest, AScrollGoesDownByPixelsAndItsReturnEndsTheSeries)
 {
     runSession();
     EXPECT_TRUE(poster->post(ScrollPixels{1}));
     EXPECT_TRUE(poster->post(ScrollPixels{-1}));
     const QString axis = QStringLiteral("NotifyPointerAxis");
-    EXPECT_THAT(arrived(), ElementsAre(Arrived{axis, {none, -1.0}}, Arrived{axis, {none, 1.0}}));
+    EXPECT_THAT(arrived(), ElementsAre(Arrived{axis, {none, 1.0}}, Arrived{axis, {none, -1.0}}));
     EXPECT_EQ(portal->inputs()[0].options, (QVariantMap{{QStringLiteral("finish"), false}}));
     EXPECT_EQ(portal->inputs()[1].options, (QVariantMap{{QStringLiteral("finish"), true}}));
 }
