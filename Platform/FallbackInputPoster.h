@@ -25,6 +25,7 @@ public:
     bool post(const InputEvent &event) override;
     bool isOpen() const override { return true; }
     bool isReady() const override { return backend_ && backend_->isReady(); }
+    bool isWaiting() const override { return backend_ && backend_->isWaiting(); }
     Obstacle obstacle() const override { return backend_ ? backend_->obstacle() : obstacle_; }
 
 private:

@@ -51,6 +51,9 @@ public:
     // answer, or tries again by itself at a later post.
     [[nodiscard]] virtual bool isReady() const { return isOpen(); }
 
+    // True while somebody is being asked whose answer may make the poster ready.
+    [[nodiscard]] virtual bool isWaiting() const { return false; }
+
     // What keeps the poster from being open or ready.
     [[nodiscard]] virtual Obstacle obstacle() const { return {}; }
 };

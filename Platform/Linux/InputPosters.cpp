@@ -1,5 +1,6 @@
 #include "Platform/Linux/InputPosters.h"
 
+#include "Platform/Linux/Portal/PortalInputPoster.h"
 #include "Platform/Linux/Uinput/UinputInputPoster.h"
 #include "Platform/Linux/Wayland/WaylandSocket.h"
 #include "Platform/Linux/Wayland/WlrootsInputPoster.h"
@@ -30,6 +31,7 @@ std::vector<Way> allWays()
     return {
         {x11, {QStringLiteral("xtest"), XtestInputPoster::create}},
         {wayland, {QStringLiteral("wlroots"), WlrootsInputPoster::create}},
+        {wayland, {QStringLiteral("portal"), PortalInputPoster::candidate()}},
         {x11 | wayland,
          {QStringLiteral("uinput"), [](Obstacle &why) { return UinputInputPoster::create(why); }}},
         {x11 | wayland, {QStringLiteral("none"), openNone}},

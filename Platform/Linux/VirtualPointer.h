@@ -16,35 +16,27 @@ class VirtualPointer
 public:
     struct Step
     {
-        int dx = 0;
-        int dy = 0;
+        double dx = 0;
+        double dy = 0;
 
         bool operator==(const Step &) const = default;
     };
 
-    [[nodiscard]] PointerLocation location() const
-    {
-        return {static_cast<double>(x_), static_cast<double>(y_)};
-    }
+    [[nodiscard]] PointerLocation location() const { return location_; }
 
     // The way to a place; nothing where no pointer can be there.
     [[nodiscard]] std::optional<Step> stepTo(PointerLocation place) const
     {
         const auto x = pointerPixel(place.x);
         const auto y = pointerPixel(place.y);
-        return x && y ? std::optional(Step{*x - x_, *y - y_}) : std::nullopt;
+        return x && y ? std::optional(Step{*x - location_.x, *y - location_.y}) : std::nullopt;
     }
 
     // The step was posted.
-    void advance(Step step)
-    {
-        x_ += step.dx;
-        y_ += step.dy;
-    }
+    void advance(Step step) { location_ = {location_.x + step.dx, location_.y + step.dy}; }
 
 private:
-    int x_ = 0;
-    int y_ = 0;
+    PointerLocation location_;
 };
 
 } // namespace platform

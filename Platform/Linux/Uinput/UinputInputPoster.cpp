@@ -135,7 +135,8 @@ bool UinputInputPoster::post(const InputEvent &event)
 bool UinputInputPoster::postEvent(const MouseMoved &event)
 {
     const auto step = pointer_.stepTo(event.location);
-    if (!step || !report({{EV_REL, REL_X, step->dx}, {EV_REL, REL_Y, step->dy}})) {
+    if (!step ||
+        !report({{EV_REL, REL_X, static_cast<int>(step->dx)}, {EV_REL, REL_Y, static_cast<int>(step->dy)}})) {
         return false;
     }
     pointer_.advance(*step);

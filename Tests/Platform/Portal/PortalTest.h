@@ -1,4 +1,4 @@
-// The bus of the tests of the Settings portal.
+// The bus of the tests of the portals.
 #pragma once
 
 #include "Tests/Support/PrivateBus.h"
@@ -7,5 +7,8 @@ namespace testsupport {
 
 // The private bus that is this process's session bus.
 [[nodiscard]] PrivateBus &sessionBus();
+
+// Its runtime.
+[[nodiscard]] PrivateRuntime &sessionRuntime();
 
 } // namespace testsupport

@@ -1,4 +1,4 @@
-// The entry of the tests of the Settings portal: the session bus of the process is a private one.
+// The entry of the tests of the portals: the session bus of the process is a private one.
 
 #include "Tests/Platform/Portal/PortalTest.h"
 
@@ -9,6 +9,7 @@
 namespace {
 
 testsupport::PrivateBus *bus = nullptr;
+testsupport::PrivateRuntime *runtime = nullptr;
 
 } // namespace
 
@@ -17,11 +18,17 @@ testsupport::PrivateBus &testsupport::sessionBus()
     return *bus;
 }
 
+testsupport::PrivateRuntime &testsupport::sessionRuntime()
+{
+    return *runtime;
+}
+
 int main(int argc, char **argv)
 {
-    testsupport::PrivateRuntime runtime;
-    testsupport::PrivateBus privateBus(runtime);
+    testsupport::PrivateRuntime privateRuntime;
+    testsupport::PrivateBus privateBus(privateRuntime);
     bus = &privateBus;
+    runtime = &privateRuntime;
     qputenv("DBUS_SESSION_BUS_ADDRESS", privateBus.address().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
