@@ -16,6 +16,7 @@ struct NamedInputPoster
 {
     QString name;
     FallbackInputPoster::Candidate open;
+    bool isTried = true; // false where trouble-shooting has left only another
 };
 
 struct SessionDescription
@@ -35,7 +36,7 @@ public:
     virtual ~Diagnosis() = default;
 
     [[nodiscard]] virtual SessionDescription session() = 0;
-    // In the order in which they are asked; those that Platform::inputPoster() tries, and no others.
+    // In the order in which Platform::inputPoster() asks those of them that it tries.
     [[nodiscard]] virtual std::vector<NamedInputPoster> inputPosters() = 0;
     // Nothing where the desktop has none that a program may read.
     [[nodiscard]] virtual std::unique_ptr<IdleClock> openIdleClock() = 0;

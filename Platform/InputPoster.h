@@ -33,6 +33,10 @@ public:
     // Returns at once; the answer shows in isReady().
     virtual void prepare() {}
 
+    // Finds out whether the poster could work, without asking the user. Returns at once; the answer shows in
+    // isOpen(), and in isWaiting() while it is awaited.
+    virtual void probe() {}
+
     // Where the pointer is; nothing where the system cannot be asked now. A system that never tells answers
     // with a location of its own that follows the moves posted, so that steps and returns cancel out.
     [[nodiscard]] virtual std::optional<PointerLocation> pointerLocation() = 0;

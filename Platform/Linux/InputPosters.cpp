@@ -6,14 +6,16 @@
 #include "Platform/Linux/Wayland/WlrootsInputPoster.h"
 #include "Platform/Linux/X11/XtestInputPoster.h"
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
 
 std::unique_ptr<InputPoster> openNone(Obstacle &why)
 {
-    why = {QStringLiteral("No other way to post input is known here."),
-           QStringLiteral("Remove the obstacle of one of the ways above.")};
+    why = {QStringLiteral("STIRRA_INPUT_BACKEND allows no way to post input."),
+           QStringLiteral("Take the variable out of the environment.")};
     return nullptr;
 }
 
@@ -34,19 +36,30 @@ std::vector<Way> allWays()
         {wayland, {QStringLiteral("portal"), PortalInputPoster::candidate()}},
         {x11 | wayland,
          {QStringLiteral("uinput"), [](Obstacle &why) { return UinputInputPoster::create(why); }}},
-        {x11 | wayland, {QStringLiteral("none"), openNone}},
+        {0, {QStringLiteral("none"), openNone}},
     };
+}
+
+// The name in the environment, if it is one.
+QString forcedName(const std::vector<Way> &ways)
+{
+    const auto name = qEnvironmentVariable("STIRRA_INPUT_BACKEND");
+    const auto isNamed = [&name](const Way &way) { return way.poster.name == name; };
+    return std::ranges::any_of(ways, isNamed) ? name : QString();
 }
 
 } // namespace
 
 std::vector<NamedInputPoster> namedInputPosters()
 {
+    const auto ways = allWays();
+    const auto forced = forcedName(ways);
     const auto session = isWaylandSession() ? wayland : x11;
     std::vector<NamedInputPoster> posters;
-    for (const auto &way : allWays()) {
-        if ((way.sessions & session) != 0) {
-            posters.push_back(way.poster);
+    for (const auto &[sessions, poster] : ways) {
+        const bool isForced = poster.name == forced;
+        if (isForced || (sessions & session) != 0) {
+            posters.push_back({poster.name, poster.open, isForced || forced.isEmpty()});
         }
     }
     return posters;
@@ -54,17 +67,13 @@ std::vector<NamedInputPoster> namedInputPosters()
 
 std::vector<FallbackInputPoster::Candidate> inputPosterCandidates()
 {
-    const auto forced = qEnvironmentVariable("STIRRA_INPUT_BACKEND");
-    for (const auto &way : allWays()) {
-        if (way.poster.name == forced) {
-            return {way.poster.open};
+    std::vector<FallbackInputPoster::Candidate> candidates;
+    for (const auto &poster : namedInputPosters()) {
+        if (poster.isTried) {
+            candidates.push_back(poster.open);
         }
     }
-    std::vector<FallbackInputPoster::Candidate> all;
-    for (const auto &poster : namedInputPosters()) {
-        all.push_back(poster.open);
-    }
-    return all;
+    return candidates;
 }
 
 } // namespace platform

@@ -45,11 +45,12 @@ public:
                                                              PortalSettings settings, Obstacle &why);
 
     void prepare() override;
+    void probe() override { portal_->ask(); }
     std::optional<PointerLocation> pointerLocation() override { return pointer_.location(); }
     bool post(const InputEvent &event) override;
     bool isOpen() const override { return !portal_->absence(); }
     bool isReady() const override { return session_ && session_->isRunning(); }
-    bool isWaiting() const override { return stage_ == Stage::asked && !isReady(); }
+    bool isWaiting() const override { return (stage_ == Stage::asked && !isReady()) || portal_->isAsking(); }
     Obstacle obstacle() const override;
 
 private:
