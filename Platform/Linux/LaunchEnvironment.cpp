@@ -60,12 +60,13 @@ void useNoInputMethod()
     setDefault("QT_IM_MODULE", "none");
 }
 
-// Each repaint otherwise waits a moment for more, and for the server to have read the shared picture: two
-// more wake-ups for every tick of the clock.
+// Each repaint otherwise waits a moment for more, and for the server to have read the shared picture, or looks
+// later whether the compositor has shown it: two more wake-ups for every tick of the clock, or one.
 void drawWithoutWaiting()
 {
     setDefault("QT_QPA_UPDATE_IDLE_TIME", "0");
     setDefault("QT_XCB_NO_MITSHM", "1");
+    setDefault("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "-1");
 }
 
 // Reading fontconfig's configuration is a tenth of the time to the first frame, and nothing else waits for it

@@ -8,9 +8,10 @@ namespace endtoend {
 
 namespace {
 
-QProcessEnvironment withAccessibility(QProcessEnvironment environment)
+QProcessEnvironment environmentFor(QProcessEnvironment environment, const QString &way)
 {
     environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("STIRRA_INPUT_BACKEND"), way);
     return environment;
 }
 
@@ -25,8 +26,8 @@ WaylandDesktop::WaylandDesktop()
     }
 }
 
-WaylandStirra::WaylandStirra(const WaylandDesktop &desktop)
-    : process_(QStringLiteral(STIRRA_PROGRAM), {}, withAccessibility(desktop.environment()))
+WaylandStirra::WaylandStirra(const WaylandDesktop &desktop, const QString &way)
+    : process_(QStringLiteral(STIRRA_PROGRAM), {}, environmentFor(desktop.environment(), way))
     , tree_(desktop.accessibility(), process_.pid())
 {}
 

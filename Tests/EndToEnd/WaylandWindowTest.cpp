@@ -5,8 +5,10 @@
 #include "Tests/Support/Eventually.h"
 #include "Tests/Support/Wayland/PrivateSway.h"
 #include "Tests/Support/Wayland/PrivateWeston.h"
+#include "Tests/Support/Wayland/PrivateXwayland.h"
 #include "Tests/Support/Wayland/WaylandActivation.h"
 #include "Tests/Support/Wayland/WaylandUser.h"
+#include "Tests/Support/XObserver.h"
 
 #include <QFile>
 
@@ -126,6 +128,26 @@ TEST(WaylandWindowTest, WhereNothingCanBePostedTheTextsGoOn)
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+1,+1)"), moreThanAnInterval));
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("1")));
     EXPECT_TRUE(stirra.process().isRunning());
+}
+
+TEST(WaylandWindowTest, NothingIsPostedThroughXwaylandEvenWhereItIsForced)
+{
+    WaylandDesktop desktop;
+    ASSERT_TRUE(desktop.isOpen());
+    const PrivateSway sway(desktop.runtime());
+    ASSERT_TRUE(sway.isOpen());
+    PrivateXwayland xwayland(desktop.runtime());
+    ASSERT_TRUE(xwayland.isOpen()) << xwayland.process().standardError().constData();
+    XObserver observer(xwayland.display());
+    ASSERT_TRUE(observer.isOpen());
+    WaylandStirra stirra(desktop, QStringLiteral("xtest"));
+    ASSERT_TRUE(stirra.startIn(QStringLiteral("Mouse Jiggle")));
+
+    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+1,+1)"), moreThanAnInterval));
+    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("1")));
+
+    static_cast<void>(observer.client().sync());
+    EXPECT_THAT(observer.events(), IsEmpty());
 }
 
 } // namespace endtoend

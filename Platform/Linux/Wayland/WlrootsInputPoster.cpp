@@ -77,6 +77,15 @@ Obstacle WlrootsInputPoster::open()
     return connection_.roundTrip(deadline) && connection_.roundTrip(deadline) ? Obstacle() : silence();
 }
 
+Obstacle WlrootsInputPoster::obstacle() const
+{
+    if (isOpen()) {
+        return {};
+    }
+    return {QStringLiteral("The compositor ended the connection or took back what it offered."),
+            QStringLiteral("None is needed: every action tries again.")};
+}
+
 std::optional<PointerLocation> WlrootsInputPoster::pointerLocation()
 {
     connection_.drain();

@@ -30,6 +30,7 @@ public:
     std::optional<PointerLocation> pointerLocation() override;
     bool post(const InputEvent &event) override;
     bool isOpen() const override { return connection_.isOpen() && !globals_->isAnythingBoundGone(); }
+    Obstacle obstacle() const override;
 
 private:
     WlrootsInputPoster();

@@ -1,6 +1,7 @@
 // Which ways to post a session has, and that Xwayland is none of them.
 
 #include "Platform/Linux/InputPosters.h"
+#include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Linux/X11/XtestInputPoster.h"
 #include "Tests/Platform/Wayland/WlrootsPosterTest.h"
 #include "Tests/Support/Eventually.h"
@@ -112,6 +113,21 @@ TEST_F(WaylandSessionTest, AForcedWayIsTheOneThatIsNamed)
     FallbackInputPoster other(inputPosterCandidates());
     EXPECT_FALSE(other.post(MouseMoved{{1, 1}}));
     EXPECT_THAT(other.obstacle().reason.toStdString(), HasSubstr("X server"));
+}
+
+TEST_F(WaylandSessionTest, WhoDrawsWindowFramesIsAsked)
+{
+    EXPECT_FALSE(compositorDrawsWindowFrames()) << "without a compositor";
+    {
+        WaylandStandIn plain(socket(QStringLiteral("wayland-0")));
+        EXPECT_FALSE(compositorDrawsWindowFrames());
+        plain.pause();
+        EXPECT_FALSE(compositorDrawsWindowFrames()) << "it never answers";
+    }
+    const PrivateSway sway(runtime);
+    ASSERT_TRUE(sway.isOpen());
+    qputenv("WAYLAND_DISPLAY", sway.display().toUtf8());
+    EXPECT_TRUE(testsupport::eventually([] { return compositorDrawsWindowFrames(); }));
 }
 
 TEST_F(WaylandSessionTest, XwaylandIsRefusedAndGetsNothing)

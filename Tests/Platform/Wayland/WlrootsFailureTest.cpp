@@ -6,6 +6,9 @@
 #include "Tests/Support/Wayland/PrivateSway.h"
 #include "Tests/Support/Wayland/PrivateWeston.h"
 #include "Tests/Support/Wayland/WaylandStandIn.h"
+#include "Tests/Support/Wayland/WaylandUser.h"
+
+#include <QDir>
 
 #include <gmock/gmock.h>
 
@@ -22,6 +25,7 @@ using testsupport::PrivateSway;
 using testsupport::PrivateWeston;
 using testsupport::ScopedWaylandDisplay;
 using testsupport::WaylandStandIn;
+using testsupport::WaylandUser;
 using testsupport::wlrootsPosterOn;
 
 constexpr std::uint16_t leftCommand = 55;
@@ -32,6 +36,8 @@ protected:
     void expectLost(InputPoster &poster)
     {
         EXPECT_FALSE(poster.isOpen());
+        EXPECT_FALSE(poster.isReady());
+        EXPECT_NE(poster.obstacle(), Obstacle());
         EXPECT_FALSE(poster.post(MouseMoved{{10, 10}}));
         EXPECT_FALSE(poster.post(KeyEvent{leftCommand, false, 0}));
         EXPECT_FALSE(poster.post(KeyEvent{leftCommand, true, 0}));
@@ -107,8 +113,10 @@ TEST_F(WlrootsFailureTest, WhenTheOffersAreTakenBackThePosterIsLostAndAskedForAg
 
     EXPECT_TRUE(eventually([&] { return !direct->isOpen(); }));
     expectLost(*direct);
-    EXPECT_FALSE(poster.post(MouseMoved{{2, 2}}));
-    EXPECT_THAT(poster.obstacle().reason.toStdString(), HasSubstr("does not offer"));
+    EXPECT_TRUE(eventually([&] {
+        return !poster.post(MouseMoved{{2, 2}}) &&
+               poster.obstacle().reason.contains(QStringLiteral("does not offer"));
+    }));
     compositor.reset();
     compositor.emplace(display);
     EXPECT_TRUE(eventually([&] { return poster.post(MouseMoved{{1, 1}}); }));
@@ -139,7 +147,7 @@ TEST_F(WlrootsFailureTest, WhenTheCompositorIsKilledNothingIsPostedAndNothingCra
     expectLost(*poster);
 }
 
-TEST_F(WlrootsFailureTest, AStoppedCompositorHoldsNobodyUpAndGetsEverythingWhenItGoesOn)
+TEST_F(WlrootsFailureTest, AStoppedCompositorHoldsNobodyUpAndIsNotGivenUpForIt)
 {
     PrivateSway sway(runtime);
     ASSERT_TRUE(sway.isOpen());
@@ -155,6 +163,24 @@ TEST_F(WlrootsFailureTest, AStoppedCompositorHoldsNobodyUpAndGetsEverythingWhenI
     sway.process().sendSignal(SIGCONT);
     EXPECT_NE(wlrootsPosterOn(sway.display()), nullptr);
     EXPECT_TRUE(poster->isOpen());
+}
+
+TEST_F(WlrootsFailureTest, WhatIsMadeAndDroppedLeavesNoFileOpen)
+{
+    const WaylandStandIn compositor(display, WaylandUser::keymapOfLayout("us"));
+    const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList().size(); };
+    ASSERT_NE(wlrootsPosterOn(display), nullptr);
+    ASSERT_TRUE(eventually([&] { return compositor.clientCount() == 0; }));
+    const auto before = openFiles();
+    for (int i = 0; i < 20; ++i) {
+        const auto poster = wlrootsPosterOn(display);
+        ASSERT_NE(poster, nullptr);
+        EXPECT_EQ(poster->obstacle(), Obstacle());
+        EXPECT_TRUE(poster->post(KeyEvent{leftCommand, true, 0}));
+        EXPECT_TRUE(poster->post(KeyEvent{leftCommand, false, 0}));
+    }
+    EXPECT_TRUE(eventually([&] { return compositor.clientCount() == 0; }));
+    EXPECT_EQ(openFiles(), before);
 }
 
 } // namespace platform

@@ -70,6 +70,12 @@ QStringList WaylandStandIn::requests() const
     return requests_;
 }
 
+int WaylandStandIn::clientCount() const
+{
+    const std::lock_guard guard(lock_);
+    return wl_list_length(wl_display_get_client_list(display_));
+}
+
 void WaylandStandIn::takeBack()
 {
     const std::lock_guard guard(lock_);

@@ -39,6 +39,8 @@ public:
     // "axis_source 2", "frame", "create_keyboard", "keymap", "key 194 1".
     [[nodiscard]] QStringList requests() const;
 
+    [[nodiscard]] int clientCount() const;
+
     // Takes everything back that it offers.
     void takeBack();
     // Ends its clients' connections with an error, as for a wrong request.
