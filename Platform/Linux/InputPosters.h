@@ -9,8 +9,8 @@ namespace platform {
 [[nodiscard]] std::vector<NamedInputPoster> namedInputPosters();
 
 // The same without their names. The environment variable STIRRA_INPUT_BACKEND leaves only the one it names
-// ("xtest", "wlroots", "uinput", "none"), whatever the session, for tests and trouble-shooting; another name
-// leaves all.
+// ("xtest", "wlroots", "portal", "uinput", "none"), whatever the session, for tests and trouble-shooting;
+// another name leaves all.
 [[nodiscard]] std::vector<FallbackInputPoster::Candidate> inputPosterCandidates();
 
 } // namespace platform
