@@ -1,11 +1,9 @@
-// A Wayland desktop with a portal, and Stirra running on it.
+// A Wayland desktop of a test's own that lets programs control its input through a portal.
 #pragma once
 
-#include "Tests/Support/AccessibilityBus.h"
-#include "Tests/Support/AccessibleProgram.h"
+#include "Tests/EndToEnd/WaylandDesktop.h"
 #include "Tests/Support/HeadlessMutter.h"
 
-#include <optional>
 #include <vector>
 
 namespace endtoend {
@@ -18,20 +16,19 @@ struct PortalInput
     std::chrono::steady_clock::time_point takenAt;
 };
 
-// mutter, a session bus and an accessibility bus. The portal is the test's choice. Everything ends with it.
+// mutter and the buses. The portal is the test's choice, and the only way to post that Stirra may use.
 class MutterDesktop
 {
 public:
     MutterDesktop();
 
     // Whether every server came up.
-    [[nodiscard]] bool isOpen() const;
+    [[nodiscard]] bool isOpen() const { return desktop_.isOpen() && mutter_.isOpen(); }
 
-    [[nodiscard]] testsupport::PrivateRuntime &runtime() { return runtime_; }
-    [[nodiscard]] const testsupport::PrivateBus &bus() const { return bus_; }
+    [[nodiscard]] const WaylandDesktop &desktop() const { return desktop_; }
+    [[nodiscard]] testsupport::PrivateRuntime &runtime() { return desktop_.runtime(); }
+    [[nodiscard]] const testsupport::PrivateBus &bus() const { return desktop_.bus(); }
     [[nodiscard]] const testsupport::HeadlessMutter &mutter() const { return mutter_; }
-    // This process's connection to the accessibility bus.
-    [[nodiscard]] QDBusConnection accessibility() const { return *accessibility_; }
 
     // Where the portal is to hand on its input.
     [[nodiscard]] testsupport::RemoteDesktopInputFunction inputFunction();
@@ -45,35 +42,9 @@ public:
     [[nodiscard]] bool becomesActive();
 
 private:
-    testsupport::PrivateRuntime runtime_;
-    testsupport::PrivateBus bus_;
-    testsupport::AccessibilityBus accessibilityBus_;
+    WaylandDesktop desktop_;
     testsupport::HeadlessMutter mutter_;
-    std::optional<QDBusConnection> accessibility_;
     std::vector<PortalInput> inputs_;
 };
-
-// The program under test, shown on mutter, which posts through the portal; and its accessible tree.
-class MutterStirra
-{
-public:
-    explicit MutterStirra(MutterDesktop &desktop);
-
-    [[nodiscard]] testsupport::ChildProcess &process() { return process_; }
-    [[nodiscard]] testsupport::AccessibleProgram &tree() { return tree_; }
-
-    // Waits until the window shows exactly this text somewhere.
-    [[nodiscard]] bool comesToShow(const QString &text,
-                                   std::chrono::milliseconds timeout = std::chrono::seconds(10));
-    // Chooses the mode and the shortest interval, 15 seconds, and starts the engine.
-    [[nodiscard]] bool startIn(const QString &mode);
-
-private:
-    testsupport::ChildProcess process_;
-    testsupport::AccessibleProgram tree_;
-};
-
-// Longer than the shortest interval by what a busy machine may need.
-inline constexpr std::chrono::seconds untilTheNextAction(25);
 
 } // namespace endtoend

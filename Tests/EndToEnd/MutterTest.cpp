@@ -80,7 +80,7 @@ protected:
     // Waits until the user was asked so often in all.
     [[nodiscard]] bool comesToAsk(int count) const
     {
-        return eventually([&] { return backend->questionCount() >= count; }, untilTheNextAction);
+        return eventually([&] { return backend->questionCount() >= count; }, moreThanAnInterval);
     }
 
     // The inputs from this one on.
@@ -112,7 +112,7 @@ protected:
 TEST_F(MutterTest, MouseJiggleIsAStepAndItsReturnAndGoesTheOtherWayTheNextTime)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(mouseMode));
     EXPECT_TRUE(comesToAsk(1));
     EXPECT_THAT(awaitAction(), ElementsAre(step(1), step(-1)));
@@ -125,7 +125,7 @@ TEST_F(MutterTest, MouseJiggleIsAStepAndItsReturnAndGoesTheOtherWayTheNextTime)
 TEST_F(MutterTest, KeyPressIsAKeyWithoutAMeaningAndAnotherOneTheNextTime)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Key Press")));
     EXPECT_THAT(awaitAction(), ElementsAre(key(194, 1), key(194, 0)));
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Key press: Command")));
@@ -136,7 +136,7 @@ TEST_F(MutterTest, KeyPressIsAKeyWithoutAMeaningAndAnotherOneTheNextTime)
 TEST_F(MutterTest, MouseAndKeyTakeTurnsBeginningWithTheMouse)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Mouse + Key")));
     EXPECT_THAT(awaitAction(), ElementsAre(step(1), step(-1)));
     EXPECT_THAT(awaitAction(), ElementsAre(key(189, 1), key(189, 0)));
@@ -145,7 +145,7 @@ TEST_F(MutterTest, MouseAndKeyTakeTurnsBeginningWithTheMouse)
 TEST_F(MutterTest, ScrollPulseIsAPixelAndItsReturn)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Scroll Pulse")));
     EXPECT_THAT(awaitAction(), ElementsAre(scroll(1), scroll(-1)));
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Scroll pulse")));
@@ -156,10 +156,10 @@ TEST_F(MutterTest, AUserWhoSaysNoIsNotAskedAgainBeforeTheNextStart)
 {
     startRealPortal();
     backend->setAnswer(PortalBackend::Answer::refuse);
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(mouseMode));
-    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+1,+1)"), untilTheNextAction));
-    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+-1,+-1)"), untilTheNextAction));
+    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+1,+1)"), moreThanAnInterval));
+    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+-1,+-1)"), moreThanAnInterval));
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("3 events")));
     EXPECT_EQ(backend->questionCount(), 1);
     EXPECT_THAT(desktop.inputs(), IsEmpty());
@@ -175,7 +175,7 @@ TEST_F(MutterTest, AUserWhoSaysNoIsNotAskedAgainBeforeTheNextStart)
 TEST_F(MutterTest, ASessionThatTheDesktopClosesIsAskedForAgainAtALaterTick)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Key Press")));
     EXPECT_THAT(awaitAction(), ElementsAre(key(194, 1), key(194, 0)));
     backend->closeSession();
@@ -189,12 +189,12 @@ TEST_F(MutterTest, ASessionThatTheDesktopClosesIsAskedForAgainAtALaterTick)
 TEST_F(MutterTest, APortalThatIsKilledAndComesBackIsAskedAgain)
 {
     startRealPortal();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Key Press")));
     ASSERT_TRUE(comesToAsk(1));
     realPortal->process().sendSignal(SIGKILL);
     EXPECT_EQ(realPortal->process().waitForExit(), -SIGKILL);
-    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Key press: Command"), untilTheNextAction));
+    EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Key press: Command"), moreThanAnInterval));
     EXPECT_THAT(desktop.inputs(), IsEmpty());
     restartRealPortal();
     EXPECT_TRUE(comesToAsk(2));
@@ -209,14 +209,14 @@ TEST_F(MutterTest, TheSecondRunIsLetInByTheTokenThatTheFirstOneKept)
     portal.onInput(desktop.inputFunction());
     const auto tokenFile = desktop.runtime().path(QStringLiteral("state/stirra/remote-desktop-token"));
     {
-        MutterStirra stirra(desktop);
+        WaylandStirra stirra(desktop.desktop());
         ASSERT_TRUE(stirra.startIn(mouseMode));
         EXPECT_THAT(awaitAction(), ElementsAre(step(1), step(-1)));
         EXPECT_EQ(modeOf(tokenFile), 0600U);
     }
     ASSERT_TRUE(eventually([&] { return !portal.hasSession(); }));
     const auto token = portal.token();
-    MutterStirra stirra(desktop);
+    WaylandStirra stirra(desktop.desktop());
     ASSERT_TRUE(stirra.startIn(mouseMode));
     EXPECT_THAT(awaitAction(), ElementsAre(step(1), step(-1)));
     ASSERT_THAT(portal.selections(), SizeIs(2));

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] bool isOpen() const { return bus_.isOpen() && accessibilityBus_.isOpen(); }
     [[nodiscard]] testsupport::PrivateRuntime &runtime() { return runtime_; }
     [[nodiscard]] const QProcessEnvironment &environment() const { return runtime_.environment(); }
+    [[nodiscard]] const testsupport::PrivateBus &bus() const { return bus_; }
     // This process's connection to the accessibility bus. REQUIRES: isOpen().
     [[nodiscard]] QDBusConnection accessibility() const { return *accessibility_; }
 

@@ -207,6 +207,10 @@ bool FakeRemoteDesktopPortal::answer(const QDBusMessage &message, Answer answer,
     if (answer == Answer::error) {
         return fail(message, QStringLiteral("org.freedesktop.DBus.Error.Failed"));
     }
+    if (answer == Answer::silence) {
+        message.setDelayedReply(true);
+        return true;
+    }
     const auto token = optionsIn(message, message.arguments().size() - 1).value(handleToken).toString();
     const auto request = handlePath("request", message.service(), token);
     const bool isSent = bus_.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));

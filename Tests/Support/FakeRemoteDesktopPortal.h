@@ -22,10 +22,11 @@ class FakeRemoteDesktopPortal : private QDBusVirtualObject
 public:
     enum class Answer {
         grant,
-        refuse, // as the user
-        fail,   // for another reason
-        error,  // to the call itself
-        later,  // to the call at once, to the request never, or with answerQuestion()
+        refuse,  // as the user
+        fail,    // for another reason
+        error,   // to the call itself
+        silence, // to the call too
+        later,   // to the call at once, to the request never, or with answerQuestion()
     };
 
     struct Script

@@ -36,13 +36,14 @@ QStringList arguments()
 HeadlessMutter::HeadlessMutter(PrivateRuntime &runtime, const PrivateBus &bus)
     : process_(QStringLiteral("mutter"), arguments(), withoutDisplays(runtime.environment()))
     , bus_(bus.connect())
+    , display_(runtime.runtimeFolder() + QLatin1Char('/') + QString::fromLatin1(socketName))
 {
     const auto isUp = [this] {
         inputSession_ = openInputSession();
         return !inputSession_.isEmpty() || !process_.isRunning();
     };
     static_cast<void>(eventually(isUp, std::chrono::seconds(30)));
-    runtime.environment().insert(QStringLiteral("WAYLAND_DISPLAY"), QString::fromLatin1(socketName));
+    runtime.environment().insert(QStringLiteral("WAYLAND_DISPLAY"), display_);
 }
 
 HeadlessMutter::~HeadlessMutter()

@@ -22,6 +22,9 @@ public:
     // Whether it came up, and input can be sent into it.
     [[nodiscard]] bool isOpen() const { return !inputSession_.isEmpty(); }
 
+    // The path of its socket.
+    [[nodiscard]] QString display() const { return display_; }
+
     // How long there has been no input, as its IdleMonitor tells it to programs.
     [[nodiscard]] std::optional<std::chrono::milliseconds> idleTime() const;
     // Waits until nothing was done for so long.
@@ -38,6 +41,7 @@ private:
 
     ChildProcess process_;
     QDBusConnection bus_;
+    QString display_;
     QString inputSession_;
 };
 

@@ -108,9 +108,10 @@ void PortalInputPoster::countFailure()
     ++failures_;
 }
 
-// The session may be the one that is telling of its end.
+// The session may be the one that is telling of its end. It has nothing more to tell.
 void PortalInputPoster::dropSession(Stage stage)
 {
+    QObject::disconnect(session_.get(), nullptr, &connections_, nullptr);
     session_.release()->deleteLater(); // NOLINT(bugprone-unused-return-value)
     stage_ = stage;
     heldKey_ = {};
@@ -155,7 +156,7 @@ bool PortalInputPoster::postEvent(const KeyEvent &event)
         return false;
     }
     if (event.isDown) {
-        return heldKey_.press(event.virtualKeyCode, settings_.keyCarrier(event.virtualKeyCode));
+        return heldKey_.press(event.virtualKeyCode, settings_.silentKeys(event.virtualKeyCode));
     }
     const auto carrier = heldKey_.release(event.virtualKeyCode);
     if (carrier) {

@@ -9,7 +9,6 @@
 #include "Platform/Linux/SessionSilentKeys.h"
 #include "Platform/Linux/VirtualPointer.h"
 
-#include <functional>
 #include <memory>
 
 namespace platform {
@@ -17,7 +16,7 @@ namespace platform {
 struct PortalSettings
 {
     RemoteDesktopToken token = RemoteDesktopToken();
-    SilentKeySource keyCarrier = sessionSilentKeys();
+    SilentKeySource silentKeys = sessionSilentKeys();
     std::chrono::milliseconds patience = RemoteDesktopSession::defaultPatience;
 };
 

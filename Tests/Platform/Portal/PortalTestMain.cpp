@@ -1,4 +1,4 @@
-// The entry of the tests of the portals: the session bus of the process is a private one.
+// The entry of the tests of the portals: the session bus and the runtime folder of the process are private.
 
 #include "Tests/Platform/Portal/PortalTest.h"
 
@@ -29,6 +29,8 @@ int main(int argc, char **argv)
     testsupport::PrivateBus privateBus(privateRuntime);
     bus = &privateBus;
     runtime = &privateRuntime;
+    qputenv("XDG_RUNTIME_DIR", privateRuntime.runtimeFolder().toLocal8Bit());
+    qunsetenv("WAYLAND_DISPLAY");
     qputenv("DBUS_SESSION_BUS_ADDRESS", privateBus.address().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);

@@ -32,6 +32,7 @@ TEST_F(RemoteDesktopBadDaysTest, AfterADenialNothingIsAskedUntilTheUserStartsAga
     poster->prepare();
     ASSERT_TRUE(comesToSay("was denied"));
     EXPECT_TRUE(poster->isOpen());
+    EXPECT_FALSE(poster->isWaiting());
     EXPECT_TRUE(postsInVain(40));
     EXPECT_EQ(portal->questionCount(), 1);
 
@@ -226,6 +227,24 @@ TEST_F(RemoteDesktopBadDaysTest, APortalThatEndsWithTheQuestionIsAskedAgainWhenI
     startPortal();
     EXPECT_TRUE(asksAgain(1));
     EXPECT_TRUE(comesToBeReady());
+}
+
+TEST_F(RemoteDesktopBadDaysTest, APortalThatEndsInTheMiddleOfACallIsAskedAgainWhenItIsBack)
+{
+    for (const auto &script : std::vector<Portal::Script>{
+             {.toCreate = Answer::silence}, {.toSelect = Answer::silence}, {.toQuestion = Answer::silence}}) {
+        openPoster();
+        startPortal(script);
+        poster->prepare();
+        ASSERT_TRUE(eventually([&] { return portal->sessionCount() == 1; }));
+        ASSERT_TRUE(settles());
+        portal.reset();
+        EXPECT_TRUE(
+            eventually([&] { return !poster->obstacle().reason.contains(QLatin1String("answered")); }));
+        startPortal();
+        EXPECT_TRUE(asksAgain(1));
+        EXPECT_TRUE(comesToBeReady());
+    }
 }
 
 } // namespace platform

@@ -149,7 +149,7 @@ TEST_F(RemoteDesktopInputTest, AKeyWithoutACarrierIsRefused)
 TEST_F(RemoteDesktopInputTest, TheCarrierIsChosenAtEachPress)
 {
     std::uint16_t carrier = 240;
-    settings.keyCarrier = [&carrier](std::uint16_t /*code*/) { return std::optional(carrier); };
+    settings.silentKeys = [&carrier](std::uint16_t /*code*/) { return std::optional(carrier); };
     openPoster();
     runSession();
     EXPECT_TRUE(poster->post(press(leftCommand)));

@@ -4,9 +4,11 @@
 #include "Tests/Support/DesktopPortal.h"
 #include "Tests/Support/HeadlessMutter.h"
 #include "Tests/Support/PortalBackend.h"
+#include "Tests/Support/Wayland/WaylandWindow.h"
 
 namespace platform {
 
+using testing::SizeIs;
 using testsupport::DesktopPortal;
 using testsupport::eventually;
 using testsupport::HeadlessMutter;
@@ -14,6 +16,8 @@ using testsupport::PortalBackend;
 using testsupport::RemoteDesktopInput;
 using testsupport::sessionBus;
 using testsupport::sessionRuntime;
+using testsupport::WaylandWindow;
+using Kind = testsupport::WaylandEvent::Kind;
 using namespace std::chrono_literals;
 
 namespace {
@@ -22,6 +26,8 @@ constexpr auto idleEnough = 1000ms;
 constexpr auto atOnce = 200ms;
 constexpr std::uint16_t leftCommand = 55;
 constexpr std::uint16_t rightCommand = 54;
+constexpr unsigned keyF24 = 194;
+constexpr unsigned keyF19 = 189;
 
 std::vector<std::vector<InputEvent>> actions()
 {
@@ -45,6 +51,8 @@ protected:
         RemoteDesktopTest::SetUp();
         mutter.emplace(sessionRuntime(), sessionBus());
         ASSERT_TRUE(mutter->isOpen());
+        qputenv("WAYLAND_DISPLAY", mutter->display().toLocal8Bit());
+        openPoster();
     }
 
     void startRealPortal()
@@ -86,6 +94,56 @@ protected:
         EXPECT_TRUE(eventually([this] { return inputCount == 8; }));
     }
 
+    void typeKey(unsigned code) const
+    {
+        for (const unsigned state : {1U, 0U}) {
+            mutter->take({QStringLiteral("NotifyKeyboardKeycode"), {code, state}, {}, false});
+        }
+    }
+
+    // The desktop has a keyboard from the first key on.
+    [[nodiscard]] bool hasFocus(WaylandWindow &window) const
+    {
+        typeKey(keyF24);
+        return eventually([&] { return !window.input().events(Kind::focus).empty(); });
+    }
+
+    [[nodiscard]] static std::size_t inputsIn(WaylandWindow &window)
+    {
+        auto &input = window.input();
+        return input.events(Kind::motion).size() + input.events(Kind::key).size() +
+               input.events(Kind::axis).size();
+    }
+
+    void step(double offset) const
+    {
+        mutter->take({QStringLiteral("NotifyPointerMotion"), {offset, offset}, {}, false});
+    }
+
+    // Moves the pointer to the corner and from there into the window, which comes up growing: to and fro
+    // until a step is as long as it should be. Waits for the last of all that.
+    [[nodiscard]] bool putPointerInto(WaylandWindow &window) const
+    {
+        step(-5000);
+        const bool isIn = eventually([&] {
+            step(10);
+            return !window.input().events(Kind::pointerEnter).empty();
+        });
+        double offset = 10;
+        const bool hasGrown = eventually([&] {
+            step(offset = -offset);
+            const auto motions = window.input().events(Kind::motion);
+            return motions.size() > 1 && std::abs(motions.back().x - motions[motions.size() - 2].x) == 10;
+        });
+        typeKey(keyF19);
+        const bool isOver = eventually([&] {
+            const auto keys = window.input().events(Kind::key);
+            return !keys.empty() && keys.back().code == keyF19 && !keys.back().isDown;
+        });
+        window.input().clear();
+        return isIn && hasGrown && isOver;
+    }
+
     void expectNoPortal(const char *reason)
     {
         ASSERT_TRUE(realPortal->isOpen());
@@ -121,6 +179,40 @@ TEST_F(RemoteDesktopMutterTest, EveryActionResetsTheIdleTimeThroughAPortalOfVers
     EXPECT_EQ(portal->questionCount(), 1);
     portal->onInput([this](const RemoteDesktopInput &input) { take(input); });
     expectEveryActionIsActivity();
+}
+
+TEST_F(RemoteDesktopMutterTest, AWindowSeesAStepAndAPixelThatComeBackAndKeysThatTypeNothing)
+{
+    runSession();
+    portal->onInput([this](const RemoteDesktopInput &input) { take(input); });
+    WaylandWindow window(mutter->display());
+    ASSERT_TRUE(window.isOpen());
+    ASSERT_TRUE(hasFocus(window));
+    ASSERT_TRUE(putPointerInto(window));
+    std::size_t count = 0;
+    for (const auto &action : actions()) {
+        for (const auto &event : action) {
+            EXPECT_TRUE(poster->post(event));
+            ++count;
+        }
+        // Steps within one frame would be one for the window.
+        ASSERT_TRUE(eventually([&] { return inputsIn(window) == count; }));
+    }
+    const auto steps = window.input().events(Kind::motion);
+    ASSERT_THAT(steps, SizeIs(2));
+    EXPECT_EQ(steps[1].x - steps[0].x, -1);
+    EXPECT_EQ(steps[1].y - steps[0].y, -1);
+    const auto scrolls = window.input().events(Kind::axis);
+    EXPECT_NEAR(scrolls[0].y, 1, 0.1); // which mutter turns into parts of a notch and back
+    EXPECT_EQ(scrolls[0].y + scrolls[1].y, 0);
+    const auto keys = window.input().events(Kind::key);
+    ASSERT_THAT(keys, SizeIs(4));
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        EXPECT_EQ(keys[i].code, i < 2 ? keyF24 : keyF19);
+        EXPECT_EQ(keys[i].isDown, i % 2 == 0);
+        EXPECT_EQ(keys[i].symbol, xkb_keysym_t{XKB_KEY_NoSymbol});
+        EXPECT_EQ(keys[i].text, QString());
+    }
 }
 
 TEST_F(RemoteDesktopMutterTest, ARealPortalThatSaysNoIsNotAskedTwice)

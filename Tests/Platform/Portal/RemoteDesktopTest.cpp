@@ -97,6 +97,7 @@ TEST_F(RemoteDesktopTest, NothingIsAskedBeforeTheFirstUse)
     EXPECT_EQ(portal->callCount(), 1); // the test's own
     EXPECT_TRUE(poster->isOpen());
     EXPECT_FALSE(poster->isReady());
+    EXPECT_FALSE(poster->isWaiting());
     EXPECT_TRUE(comesToSay("has not been asked"));
 }
 
@@ -105,7 +106,9 @@ TEST_F(RemoteDesktopTest, PreparingOpensASession)
     startPortal();
     poster->prepare();
     EXPECT_FALSE(poster->isReady());
+    EXPECT_TRUE(poster->isWaiting());
     ASSERT_TRUE(comesToBeReady());
+    EXPECT_FALSE(poster->isWaiting());
     EXPECT_TRUE(portal->isSessionRunning());
     EXPECT_EQ(portal->questionCount(), 1);
     EXPECT_EQ(poster->obstacle(), Obstacle());
