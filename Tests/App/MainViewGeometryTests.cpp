@@ -61,6 +61,7 @@ TEST_F(GeometryTest, TheCardsStandSixteenFromTheEdgesAndFourteenApart)
 
 TEST_F(GeometryTest, TheCardsHaveTheirRadii)
 {
+    click("toggleButton"); // for the log
     const auto radius = [this](const char *name) { return item(name).property("radius").toReal(); };
     EXPECT_EQ(radius("statusHero"), 14);
     EXPECT_EQ(radius("modePicker"), 12);
