@@ -83,7 +83,7 @@ TEST(WaylandWindowTest, ASecondLaunchWithATokenBringsTheWindowToTheFront)
     environment.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), activationToken(other.client()));
     ChildProcess second(QStringLiteral(STIRRA_PROGRAM), {}, environment);
 
-    EXPECT_EQ(second.waitForExit(), 0);
+    EXPECT_EQ(second.waitForExit(), 0) << second.standardError().constData();
     EXPECT_TRUE(eventually([&] { return !other.input().events(Kind::blur).empty(); }));
     EXPECT_TRUE(stirra.process().isRunning());
 }
