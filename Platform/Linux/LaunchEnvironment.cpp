@@ -60,8 +60,8 @@ void useNoInputMethod()
     setDefault("QT_IM_MODULE", "none");
 }
 
-// Each repaint otherwise waits a moment for more, and for the server to have read the shared picture, or looks
-// later whether the compositor has shown it: two more wake-ups for every tick of the clock, or one.
+// Each repaint otherwise waits a moment for more, and for the server to have read the shared picture, or
+// looks later whether the compositor has shown it: two more wake-ups for every tick of the clock, or one.
 void drawWithoutWaiting()
 {
     setDefault("QT_QPA_UPDATE_IDLE_TIME", "0");
