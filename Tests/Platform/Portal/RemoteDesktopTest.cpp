@@ -12,6 +12,8 @@ using testsupport::sessionBus;
 
 namespace {
 
+constexpr std::uint16_t leftCommand = 55;
+constexpr std::uint16_t rightCommand = 54;
 const QVariantMap devicesAlone{{QStringLiteral("types"), 3U}};
 
 QVariantMap persistent(const QString &token = {})
@@ -88,6 +90,18 @@ bool RemoteDesktopTest::postsInVain(int count) const
         }
     }
     return portal->sessionCount() == sessionCount;
+}
+
+std::vector<std::vector<InputEvent>> RemoteDesktopTest::everyAction()
+{
+    return {
+        {MouseMoved{{1, 1}}},
+        {MouseMoved{{0, 0}}},
+        {KeyEvent{leftCommand, true, 0}, KeyEvent{leftCommand, false, 0}},
+        {KeyEvent{rightCommand, true, 0}, KeyEvent{rightCommand, false, 0}},
+        {ScrollPixels{1}},
+        {ScrollPixels{-1}},
+    };
 }
 
 TEST_F(RemoteDesktopTest, NothingIsAskedBeforeTheFirstUse)

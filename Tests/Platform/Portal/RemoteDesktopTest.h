@@ -45,6 +45,9 @@ protected:
     // Posts moves in vain; says whether all were refused, and no session was asked for.
     [[nodiscard]] bool postsInVain(int count) const;
 
+    // All that the engine posts.
+    [[nodiscard]] static std::vector<std::vector<InputEvent>> everyAction();
+
     [[nodiscard]] QString tokenFile() const { return folder.filePath(QStringLiteral("state/token")); }
     [[nodiscard]] bool move(double x, double y) const { return poster->post(MouseMoved{{x, y}}); }
 
