@@ -69,6 +69,8 @@ PrivateRuntime::PrivateRuntime()
         environment_.insert(QString::fromLatin1(folder.variable), path);
     }
     environment_.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // Nothing may reach the input devices of the machine that the tests run on.
+    environment_.insert(QStringLiteral("STIRRA_UINPUT_DEVICE"), path(QStringLiteral("no-uinput")));
 }
 
 } // namespace testsupport

@@ -2,6 +2,8 @@
 
 #include "Platform/Linux/FileDescriptor.h"
 
+#include <QByteArray>
+
 #include <fcntl.h>
 #include <sys/ioctl.h>
 
@@ -10,6 +12,8 @@
 namespace platform {
 
 namespace {
+
+constexpr const char *pathVariable = "STIRRA_UINPUT_DEVICE";
 
 int errorOf(int result)
 {
@@ -21,7 +25,8 @@ class KernelUinputFile final : public UinputFile
 public:
     int open() override
     {
-        const int descriptor = ::open("/dev/uinput", O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        const auto path = qEnvironmentVariableIsSet(pathVariable) ? qgetenv(pathVariable) : "/dev/uinput";
+        const int descriptor = ::open(path.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
         const int error = errorOf(descriptor);
         file_ = FileDescriptor(descriptor);
         return error;

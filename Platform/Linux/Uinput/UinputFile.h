@@ -29,7 +29,8 @@ public:
     virtual int write(std::span<const input_event> events) = 0;
 };
 
-// The one of the running kernel.
+// The one of the running kernel, /dev/uinput, or the path in the environment variable STIRRA_UINPUT_DEVICE:
+// tests name one that does not exist, so that nothing reaches the machine that they run on.
 [[nodiscard]] std::unique_ptr<UinputFile> kernelUinputFile();
 
 } // namespace platform
