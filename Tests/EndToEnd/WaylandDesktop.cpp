@@ -8,10 +8,10 @@ namespace endtoend {
 
 namespace {
 
-QProcessEnvironment environmentFor(QProcessEnvironment environment, const QString &way)
+QProcessEnvironment withAccessibility(QProcessEnvironment environment, const QProcessEnvironment &further)
 {
     environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
-    environment.insert(QStringLiteral("STIRRA_INPUT_BACKEND"), way);
+    environment.insert(further);
     return environment;
 }
 
@@ -29,8 +29,8 @@ WaylandDesktop::WaylandDesktop()
     }
 }
 
-WaylandStirra::WaylandStirra(const WaylandDesktop &desktop, const QString &way)
-    : process_(QStringLiteral(STIRRA_PROGRAM), {}, environmentFor(desktop.environment(), way))
+WaylandStirra::WaylandStirra(const WaylandDesktop &desktop, const QProcessEnvironment &further)
+    : process_(QStringLiteral(STIRRA_PROGRAM), {}, withAccessibility(desktop.environment(), further))
     , tree_(desktop.accessibility(), process_.pid())
 {}
 

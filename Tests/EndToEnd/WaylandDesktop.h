@@ -34,9 +34,8 @@ private:
 class WaylandStirra
 {
 public:
-    // Starts the program; it needs some time to come up. It posts through the compositor or not at all, so
-    // that nothing can reach the input devices of the machine. Another way can be given.
-    explicit WaylandStirra(const WaylandDesktop &desktop, const QString &way = QStringLiteral("wlroots"));
+    // Starts the program; it needs some time to come up. Further variables of its environment can be given.
+    explicit WaylandStirra(const WaylandDesktop &desktop, const QProcessEnvironment &further = {});
 
     [[nodiscard]] testsupport::ChildProcess &process() { return process_; }
     [[nodiscard]] testsupport::AccessibleProgram &tree() { return tree_; }

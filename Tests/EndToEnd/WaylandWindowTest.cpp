@@ -145,7 +145,9 @@ TEST(WaylandWindowTest, NothingIsPostedThroughXwaylandEvenWhereItIsForced)
     ASSERT_TRUE(xwayland.isOpen()) << xwayland.process().standardError().constData();
     XObserver observer(xwayland.display());
     ASSERT_TRUE(observer.isOpen());
-    WaylandStirra stirra(desktop, QStringLiteral("xtest"));
+    QProcessEnvironment forced;
+    forced.insert(QStringLiteral("STIRRA_INPUT_BACKEND"), QStringLiteral("xtest"));
+    WaylandStirra stirra(desktop, forced);
     ASSERT_TRUE(stirra.startIn(QStringLiteral("Mouse Jiggle")));
 
     EXPECT_TRUE(stirra.comesToShow(QStringLiteral("Mouse jiggle (+1,+1)"), moreThanAnInterval));

@@ -61,6 +61,7 @@ PrivateSway::PrivateSway(PrivateRuntime &runtime, const QByteArray &furtherConfi
         },
         startTime));
     runtime.environment().insert(QStringLiteral("WAYLAND_DISPLAY"), display_);
+    runtime.environment().insert(QStringLiteral("STIRRA_INPUT_BACKEND"), QStringLiteral("wlroots"));
 }
 
 QStringList PrivateSway::commandLine() const

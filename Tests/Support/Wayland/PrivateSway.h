@@ -16,8 +16,9 @@ namespace testsupport {
 class PrivateSway
 {
 public:
-    // Writes WAYLAND_DISPLAY into the runtime's environment, an absolute path. REQUIRES: the runtime outlives
-    // it. Further lines of its configuration can be given.
+    // Writes WAYLAND_DISPLAY into the runtime's environment, an absolute path, and has Stirra post through
+    // the compositor or not at all, so that nothing can reach the machine's own devices. REQUIRES: the
+    // runtime outlives it. Further lines of its configuration can be given.
     explicit PrivateSway(PrivateRuntime &runtime, const QByteArray &furtherConfiguration = {});
 
     // Whether the compositor came up.

@@ -28,6 +28,7 @@ PrivateWeston::PrivateWeston(PrivateRuntime &runtime)
         },
         startTime));
     runtime.environment().insert(QStringLiteral("WAYLAND_DISPLAY"), display_);
+    runtime.environment().insert(QStringLiteral("STIRRA_INPUT_BACKEND"), QStringLiteral("wlroots"));
 }
 
 } // namespace testsupport

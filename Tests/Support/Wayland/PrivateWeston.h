@@ -10,8 +10,9 @@ namespace testsupport {
 class PrivateWeston
 {
 public:
-    // Writes WAYLAND_DISPLAY into the runtime's environment, an absolute path. REQUIRES: the runtime outlives
-    // it.
+    // Writes WAYLAND_DISPLAY into the runtime's environment, an absolute path, and has Stirra post through
+    // the compositor or not at all, so that nothing can reach the machine's own devices. REQUIRES: the
+    // runtime outlives it.
     explicit PrivateWeston(PrivateRuntime &runtime);
 
     // Whether the compositor came up.
