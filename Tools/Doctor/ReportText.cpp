@@ -25,8 +25,8 @@ public:
 
     void marked(Mark mark, const QString &name, const QString &value)
     {
-        text_ += QStringLiteral("  ") + sign(mark) + QLatin1Char(' ') + name.leftJustified(nameWidth) + value +
-                 QLatin1Char('\n');
+        text_ += QStringLiteral("  ") + sign(mark) + QLatin1Char(' ') + name.leftJustified(nameWidth) +
+                 value + QLatin1Char('\n');
     }
 
     void note(const QString &text)
