@@ -45,7 +45,7 @@ void awaitLoaded(const QQmlComponent &component)
 
 QUrl mainViewUrl()
 {
-    return QUrl(QStringLiteral("qrc:/qt/qml/Stirra/StirraMainView.qml"));
+    return {QStringLiteral("qrc:/qt/qml/Stirra/StirraMainView.qml")};
 }
 
 void prepareMainWindow(QQuickView &window)

@@ -1,6 +1,5 @@
 #include "Platform/Linux/Wayland/WlrootsInputPoster.h"
 
-#include "Platform/Linux/PointerPixel.h"
 #include "Platform/Linux/Wayland/WaylandTime.h"
 
 #include <virtual-keyboard-unstable-v1-client-protocol.h>
@@ -89,7 +88,7 @@ Obstacle WlrootsInputPoster::obstacle() const
 std::optional<PointerLocation> WlrootsInputPoster::pointerLocation()
 {
     connection_.drain();
-    return isOpen() ? std::optional(location_) : std::nullopt;
+    return isOpen() ? std::optional(virtualPointer_.location()) : std::nullopt;
 }
 
 bool WlrootsInputPoster::post(const InputEvent &event)
@@ -101,15 +100,14 @@ bool WlrootsInputPoster::post(const InputEvent &event)
 
 bool WlrootsInputPoster::postEvent(const MouseMoved &event)
 {
-    const auto x = pointerPixel(event.location.x);
-    const auto y = pointerPixel(event.location.y);
-    if (!x || !y) {
+    const auto step = virtualPointer_.stepTo(event.location);
+    if (!step) {
         return false;
     }
-    zwlr_virtual_pointer_v1_motion(pointer_.get(), waylandTime(), wl_fixed_from_double(*x - location_.x),
-                                   wl_fixed_from_double(*y - location_.y));
+    zwlr_virtual_pointer_v1_motion(pointer_.get(), waylandTime(), wl_fixed_from_double(step->dx),
+                                   wl_fixed_from_double(step->dy));
     zwlr_virtual_pointer_v1_frame(pointer_.get());
-    location_ = {static_cast<double>(*x), static_cast<double>(*y)};
+    virtualPointer_.advance(*step);
     return true;
 }
 

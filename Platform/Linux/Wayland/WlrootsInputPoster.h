@@ -3,6 +3,7 @@
 
 #include "Platform/InputPoster.h"
 #include "Platform/Linux/HeldKey.h"
+#include "Platform/Linux/VirtualPointer.h"
 #include "Platform/Linux/Wayland/VirtualKeyboard.h"
 #include "Platform/Linux/Wayland/WaylandGlobals.h"
 
@@ -46,7 +47,7 @@ private:
     std::optional<SeatKeyboard> seat_;
     std::optional<VirtualKeyboard> keyboard_;
     WaylandObject<zwlr_virtual_pointer_v1> pointer_;
-    PointerLocation location_;
+    VirtualPointer virtualPointer_;
     HeldKey heldKey_;
 };
 
