@@ -18,6 +18,8 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // How exact the engine's delays and timers are, with the native scheduler and poster. Takes some 25 s, and
 // next to no CPU time.
 [[nodiscard]] std::vector<Row> punctualityRows();
+// Memory and wake-ups on a Wayland compositor. Takes some 30 s.
+[[nodiscard]] std::vector<Row> waylandRows();
 // CPU time of an action of each mode, posted to the display.
 [[nodiscard]] std::vector<Row> actionCostRows();
 // Memory and time of a million ticks, on a scheduler that is stepped by hand.
