@@ -41,6 +41,7 @@ Item {
             text: root.value
             font: TextStyle.system(16, Font.Bold)
             Layout.fillWidth: true
+            Layout.preferredWidth: 1
         }
 
         Label {

@@ -28,7 +28,7 @@ Card {
 
         VStack {
             spacing: 4
-            Layout.alignment: Qt.AlignHCenter
+            Layout.fillWidth: true
 
             Label {
                 text: root.engine.isActive ? "Active" : "Inactive"
@@ -42,7 +42,9 @@ Card {
                                            : "Click Start to begin"
                 font: TextStyle.system(12, Font.Normal)
                 color: SystemStyle.secondaryLabel
-                Layout.alignment: Qt.AlignHCenter
+                horizontalAlignment: Text.AlignHCenter
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
             }
         }
     }
