@@ -35,6 +35,15 @@ struct Call
     bool operator==(const Call &) const = default;
 };
 
+// GoogleTest prints what it can read.
+void PrintTo(const Call &call, std::ostream *stream)
+{
+    *stream << call.method.toStdString();
+    for (const auto &value : call.values) {
+        *stream << ' ' << value.toString().toStdString();
+    }
+}
+
 Call step(double offset)
 {
     return {QStringLiteral("NotifyPointerMotion"), {offset, offset}};

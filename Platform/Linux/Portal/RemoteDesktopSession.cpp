@@ -148,24 +148,44 @@ void RemoteDesktopSession::scroll(double dy, bool isLast)
     notify("NotifyPointerAxis", {0.0, dy}, {{QStringLiteral("finish"), isLast}});
 }
 
+// The portal handles calls on several threads and may swap two that come together, which would leave the key
+// down: the release waits for the answer to the press.
 void RemoteDesktopSession::typeKey(std::int32_t code)
 {
-    notify("NotifyKeyboardKeycode", {code, keyDown});
-    notify("NotifyKeyboardKeycode", {code, keyUp});
+    const auto press = notification("NotifyKeyboardKeycode", {code, keyDown});
+    const auto release = notification("NotifyKeyboardKeycode", {code, keyUp});
+    connect(callAnswered(press), &QDBusPendingCallWatcher::finished, this, [this, release] {
+        if (isRunning()) {
+            bus_.send(release);
+        }
+    });
+}
+
+QDBusMessage RemoteDesktopSession::notification(const char *method, const QVariantList &arguments,
+                                                const QVariantMap &options) const
+{
+    auto call = desktopCall(portal_.owner, method);
+    call.setArguments(QVariantList{QVariant::fromValue(QDBusObjectPath(path_)), options} + arguments);
+    return call;
 }
 
 void RemoteDesktopSession::notify(const char *method, const QVariantList &arguments,
                                   const QVariantMap &options)
 {
-    auto call = desktopCall(portal_.owner, method);
-    call.setArguments(QVariantList{QVariant::fromValue(QDBusObjectPath(path_)), options} + arguments);
+    const auto call = notification(method, arguments, options);
     if (sinceAnsweredCall_.isValid() && !sinceAnsweredCall_.hasExpired(betweenAnsweredCalls.count())) {
         bus_.send(call);
-        return;
+    } else {
+        callAnswered(call);
     }
+}
+
+QDBusPendingCallWatcher *RemoteDesktopSession::callAnswered(const QDBusMessage &call)
+{
     sinceAnsweredCall_.start();
     auto *reply = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
     connect(reply, &QDBusPendingCallWatcher::finished, this, &RemoteDesktopSession::takeNotifyReply);
+    return reply;
 }
 
 // A portal that is slow is left alone; of one that ended the bus tells.

@@ -12,8 +12,8 @@
 namespace platform {
 
 // Opens without waiting, and runs until it ends. What it sends is not answered, since each answer would wake
-// the program, but for one call a second at most: its error tells of a session that is gone, should the
-// portal not have said so. Main thread.
+// the program, but for one call a second at most and each key: an error tells of a session that is gone,
+// should the portal not have said so. Main thread.
 class RemoteDesktopSession final : public QObject
 {
     Q_OBJECT
@@ -70,7 +70,10 @@ private:
 
     void request(const char *method, QVariantList arguments, QVariantMap options, Step next);
     void takeAnswer(RemoteDesktopRequest::Answer answer, const QVariantMap &results, Step next);
+    [[nodiscard]] QDBusMessage notification(const char *method, const QVariantList &arguments,
+                                            const QVariantMap &options = {}) const;
     void notify(const char *method, const QVariantList &arguments, const QVariantMap &options = {});
+    QDBusPendingCallWatcher *callAnswered(const QDBusMessage &call);
     void takeNotifyReply(QDBusPendingCallWatcher *reply);
     void end(End end);
 
