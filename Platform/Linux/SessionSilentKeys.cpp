@@ -6,7 +6,7 @@
 #include "Platform/Linux/Wayland/WaylandSocket.h"
 #include "Platform/Linux/X11/SilentKeys.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -28,9 +28,13 @@ public:
         if (!connection_.roundTrip(deadline)) {
             return;
         }
-        seat_.emplace(globals_->bind<wl_seat>(wl_seat_interface, SeatKeyboard::newestVersion));
+        auto seat = globals_->bind<wl_seat>(wl_seat_interface, SeatKeyboard::newestVersion);
+        if (!seat) {
+            return;
+        }
+        seat_.emplace(std::move(seat));
         // One for the seat's capabilities, one for the keymap that is asked for thereupon.
-        if (seat_->seat() && connection_.roundTrip(deadline) && connection_.roundTrip(deadline)) {
+        if (connection_.roundTrip(deadline) && connection_.roundTrip(deadline)) {
             keys_.emplace(*seat_);
             connection_.watch();
         }

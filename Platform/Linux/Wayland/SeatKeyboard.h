@@ -18,7 +18,7 @@ public:
     // The newest version of wl_seat that it speaks.
     static constexpr std::uint32_t newestVersion = 7;
 
-    // REQUIRES: the seat was just bound; its connection outlives this.
+    // REQUIRES: there is a seat, and it was just bound; its connection outlives this.
     explicit SeatKeyboard(WaylandObject<wl_seat> seat);
     SeatKeyboard(const SeatKeyboard &) = delete;
     SeatKeyboard &operator=(const SeatKeyboard &) = delete;

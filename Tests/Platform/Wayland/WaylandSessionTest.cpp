@@ -1,11 +1,13 @@
 // Which ways to post a session has, and that Xwayland is none of them.
 
 #include "Platform/Linux/InputPosters.h"
+#include "Platform/Linux/SessionSilentKeys.h"
 #include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Linux/X11/XtestInputPoster.h"
 #include "Tests/Platform/Wayland/WlrootsPosterTest.h"
 #include "Tests/Support/Eventually.h"
 #include "Tests/Support/Wayland/PrivateSway.h"
+#include "Tests/Support/Wayland/PrivateWeston.h"
 #include "Tests/Support/Wayland/PrivateXwayland.h"
 #include "Tests/Support/Wayland/WaylandStandIn.h"
 #include "Tests/Support/XObserver.h"
@@ -91,6 +93,17 @@ TEST_F(WaylandSessionTest, TheDefaultSocketCountsWhereNothingIsNamed)
     EXPECT_EQ(names().front(), "wlroots");
     qputenv("DISPLAY", ":64321");
     EXPECT_EQ(names().front(), "xtest") << "a compositor in a window of an X11 session";
+}
+
+TEST_F(WaylandSessionTest, WithoutASeatNoKeyCountsAsUsed)
+{
+    const testsupport::PrivateWeston weston(runtime);
+    ASSERT_TRUE(weston.isOpen());
+    qputenv("WAYLAND_DISPLAY", weston.display().toUtf8());
+    const auto silentKey = sessionSilentKeys();
+    EXPECT_EQ(silentKey(55), std::uint16_t{194});
+    EXPECT_EQ(silentKey(54), std::uint16_t{189});
+    EXPECT_EQ(silentKey(53), std::nullopt);
 }
 
 TEST_F(WaylandSessionTest, TheEnvironmentForcesAnyWayInAnySession)
