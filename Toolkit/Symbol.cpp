@@ -52,6 +52,7 @@ Symbol::Symbol(QQuickItem *parent)
     : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
+    setSmooth(false);
     setSymbolSize(size_);
     const auto side = std::round(size_ * sidePerTextSize);
     setImplicitSize(side, side);
@@ -129,6 +130,7 @@ QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*
         node->setTexture(window()->createTextureFromImage(image));
         isOutdated_ = false;
     }
+    node->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
     node->setRect(boundingRect());
     return node.release();
 }

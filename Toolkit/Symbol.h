@@ -9,7 +9,8 @@
 namespace toolkit {
 
 // Draws the symbol `name` to go with text of `size`, in one colour, sharp at every scale factor and without
-// OpenGL. An unknown name draws nothing. Main thread.
+// OpenGL. An unknown name draws nothing. One that is scaled or turned is better `smooth`; the others are left
+// as sharp as they are drawn. Main thread.
 class Symbol : public QQuickItem
 {
     Q_OBJECT

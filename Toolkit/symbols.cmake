@@ -1,9 +1,13 @@
 # The drawing that stands for each system symbol name. The drawings are those of Debian's bootstrap-icons; nothing of
 # them is kept in this tree.
 set(TOOLKIT_SYMBOLS
+  "arrow.triangle.2.circlepath=arrow-repeat"
+  "checkmark.circle.fill=check-circle-fill"
+  "circle=circle"
   "clock.fill=clock-fill"
   "cursorarrow.and.square.on.square.dashed=cursor-fill"
   "cursorarrow.motionlines=mouse"
+  "exclamationmark.triangle.fill=exclamation-triangle-fill"
   "eye.fill=eye-fill"
   "eye.slash.fill=eye-slash-fill"
   "keyboard=keyboard"
@@ -12,6 +16,7 @@ set(TOOLKIT_SYMBOLS
   "scroll=chevron-expand"
   "stop.fill=stop-fill"
   "timer=stopwatch"
+  "xmark.circle.fill=x-circle-fill"
 )
 
 find_path(BOOTSTRAP_ICONS_DIR eye-fill.svg PATHS /usr/share/bootstrap-icons/svg REQUIRED NO_DEFAULT_PATH)

@@ -35,9 +35,11 @@ TEST_P(SymbolNames, IsDrawnInTheColourAsked)
 }
 
 INSTANTIATE_TEST_SUITE_P(Symbols, SymbolNames,
-                         testing::Values("clock.fill", "cursorarrow.and.square.on.square.dashed",
-                                         "cursorarrow.motionlines", "eye.fill", "eye.slash.fill", "keyboard",
-                                         "number", "play.fill", "scroll", "stop.fill", "timer"));
+                         testing::Values("arrow.triangle.2.circlepath", "checkmark.circle.fill", "circle",
+                                         "clock.fill", "cursorarrow.and.square.on.square.dashed",
+                                         "cursorarrow.motionlines", "exclamationmark.triangle.fill",
+                                         "eye.fill", "eye.slash.fill", "keyboard", "number", "play.fill",
+                                         "scroll", "stop.fill", "timer", "xmark.circle.fill"));
 
 TEST(Symbol, AnUnknownNameDrawsNothing)
 {
