@@ -32,6 +32,12 @@ QByteArray drawingOf(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// With a pixel of nothing around it, so that its outline stays soft where it is scaled or turned.
+QImage framed(const QImage &image)
+{
+    return image.copy(image.rect().adjusted(-1, -1, 1, 1));
+}
+
 } // namespace
 
 QImage symbolImage(const QString &name, int side, const QColor &color, bool isHeavy)
@@ -53,6 +59,7 @@ Symbol::Symbol(QQuickItem *parent)
 {
     setFlag(ItemHasContents);
     setSmooth(false);
+    connect(this, &QQuickItem::smoothChanged, this, &Symbol::redraw);
     setSymbolSize(size_);
     const auto side = std::round(size_ * sidePerTextSize);
     setImplicitSize(side, side);
@@ -127,11 +134,12 @@ QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*
             node.reset(window()->createImageNode());
             node->setOwnsTexture(true);
         }
-        node->setTexture(window()->createTextureFromImage(image));
+        node->setTexture(window()->createTextureFromImage(smooth() ? framed(image) : image));
         isOutdated_ = false;
     }
     node->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
-    node->setRect(boundingRect());
+    const qreal frame = smooth() ? width() / (node->texture()->textureSize().width() - 2) : 0;
+    node->setRect(boundingRect().adjusted(-frame, -frame, frame, frame));
     return node.release();
 }
 

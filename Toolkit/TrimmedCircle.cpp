@@ -1,6 +1,6 @@
 #include "Toolkit/TrimmedCircle.h"
 
-#include "Toolkit/DiagonalBrush.h"
+#include "Toolkit/GradientBrush.h"
 
 #include <QPainter>
 

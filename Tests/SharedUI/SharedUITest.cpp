@@ -16,7 +16,8 @@ SharedUITest::SharedUITest()
 QQuickItem &SharedUITest::make(const QByteArray &description)
 {
     QQmlComponent component(view.engine());
-    component.setData("import QtQuick\nimport SharedUI\nimport Toolkit\n" + description, QUrl());
+    component.setData(
+        "import QtQuick\nimport QtQuick.Layouts\nimport SharedUI\nimport Toolkit\n" + description, QUrl());
     shown_.reset(qobject_cast<QQuickItem *>(component.create()));
     EXPECT_TRUE(shown_) << component.errorString().toStdString();
     return *shown_;

@@ -57,6 +57,25 @@ TEST(Symbol, AHeavyOneHasMoreInkAndATranslucentOneLess)
 
 using SymbolTest = ToolkitTest;
 
+TEST_F(SymbolTest, IsTheSameSmoothOrNotWhileItIsNotScaled)
+{
+    auto &symbol = show("Symbol { x: 5; y: 5; name: 'stop.fill'; size: 30 }");
+    const auto sharp = picture();
+    symbol.setSmooth(true);
+    EXPECT_EQ(picture(), sharp);
+}
+
+TEST_F(SymbolTest, ASmoothOneKeepsItsOutlineSoftWhereItIsScaled)
+{
+    auto &symbol = show("Symbol { x: 20; y: 20; name: 'checkmark.circle.fill'; size: 10; smooth: true }");
+    symbol.setScale(1.1);
+    const auto image = picture();
+    const double scale = image.width() / 200.0;
+    // Half a point beyond the unscaled symbol the scaled one has not ended.
+    const auto beyond = image.pixelColor(static_cast<int>((20 + 12.3) * scale), static_cast<int>(26 * scale));
+    EXPECT_LT(beyond.lightness(), 250);
+}
+
 TEST_F(SymbolTest, IsAFifthLargerThanItsText)
 {
     EXPECT_EQ(show("Symbol { name: 'eye.fill'; size: 32 }").size(), QSizeF(38, 38));
