@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Toolkit
 
 // A translucent frosted card around any content, which stands inside with the default padding on all sides. The

@@ -16,7 +16,7 @@ constexpr qreal bandHeight = 48;
 
 QRectF deviceBand(int index, const QSize &device)
 {
-    return QRectF(0, index * bandHeight, device.width(), bandHeight);
+    return {0, index * bandHeight, static_cast<qreal>(device.width()), bandHeight};
 }
 
 } // namespace
