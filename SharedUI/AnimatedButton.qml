@@ -40,7 +40,10 @@ FocusScope {
         focus: true
         text: root.title
         radius: 12
-        onClicked: root.action()
+        onClicked: {
+            const run = root.action;
+            run();
+        }
 
         // Beside the button's own handling of clicks, and in nobody's way.
         PointHandler {

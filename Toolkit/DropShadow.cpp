@@ -60,6 +60,7 @@ QSGNode *DropShadow::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*d
     if (!node) {
         node.reset(window()->createImageNode());
         node->setOwnsTexture(true);
+        node->setFiltering(QSGTexture::Linear); // for views that are scaled
     }
     node->setTexture(window()->createTextureFromImage(image));
     node->setRect(shape.bounds());
