@@ -12,7 +12,7 @@ namespace sharedcore {
 
 // A plain value. Nothing in the shared modules acts on it; an application that wants to reads it with load().
 // The memberwise initialiser is that of an aggregate: AppPreferences{.theme = AppPreferences::Theme::dark}.
-struct AppPreferences : StoredSettings<AppPreferences>
+struct AppPreferences
 {
     enum class Theme { light, dark, system };
 
@@ -30,6 +30,8 @@ struct AppPreferences : StoredSettings<AppPreferences>
 
     static constexpr std::string_view settingsKey = "appPreferences";
     [[nodiscard]] static const AppPreferences &defaultSettings();
+    [[nodiscard]] static AppPreferences load() { return loadSettings<AppPreferences>(); }
+    void save() const { saveSettings(*this); }
 
     bool operator==(const AppPreferences &) const = default;
 

@@ -27,24 +27,23 @@ concept AppSettings = Codable<Settings> && std::copyable<Settings> && requires(c
         } -> std::same_as<void>;
 };
 
-// Gives a record the two operations: `struct Visits : StoredSettings<Visits>`.
-template <class Settings> struct StoredSettings
+// What a record's two operations do:
+//
+//     [[nodiscard]] static Visits load() { return loadSettings<Visits>(); }
+//     void save() const { saveSettings(*this); }
+
+// The stored record; the default settings where there is none, or anything of it is not as it should be. Bad
+// data stays where it is until the next save.
+template <class Settings> [[nodiscard]] Settings loadSettings()
 {
-    // The stored record; the default settings where there is none, or anything of it is not as it should be.
-    // Bad data stays where it is until the next save().
-    [[nodiscard]] static Settings load()
-    {
-        auto stored = StorageManager::shared().get<Settings>(Settings::settingsKey);
-        return stored ? std::move(*stored) : Settings::defaultSettings();
-    }
+    auto stored = StorageManager::shared().get<Settings>(Settings::settingsKey);
+    return stored ? std::move(*stored) : Settings::defaultSettings();
+}
 
-    // Where the record cannot be encoded or written, what was stored stays.
-    void save() const
-    {
-        StorageManager::shared().set(static_cast<const Settings &>(*this), Settings::settingsKey);
-    }
-
-    bool operator==(const StoredSettings &) const = default;
-};
+// Where the record cannot be encoded or written, what was stored stays.
+template <class Settings> void saveSettings(const Settings &settings)
+{
+    StorageManager::shared().set(settings, Settings::settingsKey);
+}
 
 } // namespace sharedcore
