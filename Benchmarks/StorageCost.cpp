@@ -197,24 +197,23 @@ void saveElsewhere(const QString &settingsFile, const AppPreferences &record)
     std::rename(QFile::encodeName(elsewhere).constData(), QFile::encodeName(settingsFile).constData());
 }
 
-Row changedRow(const Stores &stores)
+double loadTimeAfterAnother(const Stores &stores)
 {
     Gateway other(stores.services());
-    const auto file = stores.settingsFile();
-    return ratioRow(
-        "load of preferences that another program has saved",
-        loadTimeAfter(
-            [&other](const AppPreferences &record) { other.set(record, AppPreferences::settingsKey); },
-            [&stores] { return stores.load(); }),
-        loadTimeAfter([&file](const AppPreferences &record) { saveElsewhere(file, record); },
-                      [&file] { return loadFrom(file); }),
-        "us", 0.2);
+    return loadTimeAfter(
+        [&other](const AppPreferences &record) { other.set(record, AppPreferences::settingsKey); },
+        [&stores] { return stores.load(); });
 }
 
-Row firstRow(const Stores &stores)
+double yardstickTimeAfterAnother(const QString &file)
 {
-    const auto file = stores.settingsFile();
-    const double ours = loadTimeAfter(
+    return loadTimeAfter([&file](const AppPreferences &record) { saveElsewhere(file, record); },
+                         [&file] { return loadFrom(file); });
+}
+
+double firstLoadTime(const Stores &stores)
+{
+    return loadTimeAfter(
         [&stores](const AppPreferences &record) {
             stores.gateway().set(record, AppPreferences::settingsKey);
         },
@@ -222,11 +221,6 @@ Row firstRow(const Stores &stores)
             Gateway fresh(stores.services());
             return Stores::loadWith(fresh);
         });
-    const double theirs =
-        loadTimeAfter([&file](const AppPreferences &record) { saveElsewhere(file, record); },
-                      [&file] { return loadFrom(file); });
-    return plainRow("  the first of a program, the file opened for it", figure(ours, "us"),
-                    figure(theirs, "us"));
 }
 
 } // namespace
@@ -234,18 +228,20 @@ Row firstRow(const Stores &stores)
 std::vector<Row> storageRows()
 {
     Stores stores;
+    const auto file = stores.settingsFile();
     std::vector<Row> rows{saveRow(stores)};
     stores.fill(fewKeys);
-    rows.push_back(changedRow(stores));
-    rows.push_back(firstRow(stores));
-    const auto ours = [&stores] { return stores.load(); };
-    const double withFewKeys = loadTime(ours);
-    const auto theirs = loadTime([file = stores.settingsFile()] { return loadFrom(file); });
-    rows.push_back(plainRow("  another where nothing was saved meanwhile", figure(withFewKeys, "us"),
-                            figure(theirs, "us")));
+    rows.push_back(ratioRow("load of the preferences", loadTime([&stores] { return stores.load(); }),
+                            loadTime([&file] { return loadFrom(file); }), "us", 0.2));
+    const double withFewKeys = loadTimeAfterAnother(stores);
+    const double theirs = yardstickTimeAfterAnother(file);
+    rows.push_back(
+        plainRow("  after another program has saved", figure(withFewKeys, "us"), figure(theirs, "us")));
+    rows.push_back(
+        plainRow("  with the file opened for it", figure(firstLoadTime(stores), "us"), figure(theirs, "us")));
     stores.fill(manyKeys);
-    rows.push_back(ratioRow("load with 100,000 other keys, yardstick: with 10", loadTime(ours), withFewKeys,
-                            "us", 1.25));
+    rows.push_back(ratioRow("load after another's save, 100,000 other keys beside 10",
+                            loadTimeAfterAnother(stores), withFewKeys, "us", 1.25));
     return rows;
 }
 

@@ -8,6 +8,7 @@
 #include <concepts>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -253,6 +254,10 @@ public:
     virtual ~Decodable() = default;
 
     [[nodiscard]] virtual bool decode(const Json &json) = 0;
+
+    // Decodes the JSON that the data is; false where it is no data. One that keeps what it made of the same
+    // object before need not do it again.
+    [[nodiscard]] virtual bool decodeStored(const std::shared_ptr<const platform::PropertyValue> &stored);
 };
 
 // REQUIRES: the value outlives it.
@@ -269,13 +274,35 @@ private:
     const Value &value_;
 };
 
-// Holds the value that was decoded.
+// Holds the value that was decoded. Each thread keeps the last one of its type, with the stored object that
+// it was made of.
 template <Codable Value> class DecodableValue final : public Decodable
 {
 public:
     bool decode(const Json &json) override { return Coding<Value>::decode(json, value); }
 
+    bool decodeStored(const std::shared_ptr<const platform::PropertyValue> &stored) override
+    {
+        thread_local Last last;
+        if (!stored || stored != last.stored) {
+            last.isDecoded = Decodable::decodeStored(stored);
+            last.stored = stored;
+            last.value = last.isDecoded ? value : Value{};
+        } else {
+            value = last.value;
+        }
+        return last.isDecoded;
+    }
+
     Value value{};
+
+private:
+    struct Last
+    {
+        std::shared_ptr<const platform::PropertyValue> stored; // kept, so that no other can have its address
+        Value value{};
+        bool isDecoded = false;
+    };
 };
 
 // The bytes of a value's JSON, and back; nothing where it has none, or they are not of such a value.
