@@ -12,8 +12,8 @@
 
 namespace platform {
 
-// Waits at most so long for others, in each call.
-inline constexpr std::chrono::seconds longestSqliteWait(2);
+// Waits at most so long for others, in each call: on a slow disk several may be before it.
+inline constexpr std::chrono::seconds longestSqliteWait(5);
 
 // A prepared statement in use. Ends what it reads, and forgets what was bound to it, when it goes.
 class SqliteStatement

@@ -54,7 +54,12 @@ class LostKeyringTest : public SecretBadDaysTest
 protected:
     void SetUp() override { ASSERT_TRUE(store_.save("secret", "me", "service")); }
 
-    void expectSecret() { EXPECT_EQ(store_.read("me", "service")->view(), "secret"); }
+    void expectSecret(std::string_view expected = "secret")
+    {
+        const auto found = store_.read("me", "service");
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->view(), expected);
+    }
 
     void restart(PrivateKeyring::State state)
     {
@@ -146,7 +151,7 @@ TEST_F(LostKeyringTest, IsFoundAgainAfterItWasStartedAnew)
     home_.endKeyring();
     expectFailure();
     home_.startKeyring(PrivateKeyring::State::unlocked);
-    EXPECT_EQ(store_.read("me", "service")->view(), "another");
+    expectSecret("another");
     EXPECT_TRUE(store_.remove("me", "service"));
 }
 
