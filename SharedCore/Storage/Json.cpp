@@ -13,6 +13,11 @@ namespace {
 class JsonBuilder
 {
 public:
+    JsonBuilder() = default;
+    JsonBuilder(const JsonBuilder &) = delete;
+    JsonBuilder &operator=(const JsonBuilder &) = delete;
+    ~JsonBuilder() = default;
+
     [[nodiscard]] const Json &value() const { return value_; }
 
     // What the parser calls, by its names.
