@@ -4,7 +4,6 @@
 #include "Platform/ObjectSchema.h"
 
 #include <array>
-#include <compare>
 #include <cstdint>
 #include <vector>
 
@@ -16,7 +15,8 @@ struct ObjectKey
 {
     std::array<std::uint8_t, 16> bytes{};
 
-    auto operator<=>(const ObjectKey &) const = default;
+    bool operator==(const ObjectKey &) const = default;
+    bool operator<(const ObjectKey &other) const { return bytes < other.bytes; }
 };
 
 struct ObjectRow

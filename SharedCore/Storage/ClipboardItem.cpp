@@ -62,10 +62,10 @@ const std::array<PropertyMetadata<ClipboardItem>, 4> &ClipboardItem::schemaMetad
 {
     using Item = ClipboardItem;
     static const std::array<PropertyMetadata<Item>, 4> metadata{{
-        {"content", PropertyPath<Item, std::string>{&Item::content, &Item::setContent}},
-        {"timestamp", PropertyPath<Item, foundation::Date>{&Item::timestamp, &Item::setTimestamp}},
-        {"appSource", PropertyPath<Item, std::optional<std::string>>{&Item::appSource, &Item::setAppSource}},
-        {"isPinned", PropertyPath<Item, bool>{&Item::isPinned, &Item::setIsPinned}},
+        {"content", &Item::content, &Item::setContent},
+        {"timestamp", &Item::timestamp, &Item::setTimestamp},
+        {"appSource", &Item::appSource, &Item::setAppSource},
+        {"isPinned", &Item::isPinned, &Item::setIsPinned},
     }};
     return metadata;
 }

@@ -60,10 +60,10 @@ const std::array<PropertyMetadata<DailyActivity>, 4> &DailyActivity::schemaMetad
 {
     using Day = DailyActivity;
     static const std::array<PropertyMetadata<Day>, 4> metadata{{
-        {"date", PropertyPath<Day, foundation::Date>{&Day::date, &Day::setDate}},
-        {"mouseDistance", PropertyPath<Day, double>{&Day::mouseDistance, &Day::setMouseDistance}},
-        {"keystrokes", PropertyPath<Day, std::int64_t>{&Day::keystrokes, &Day::setKeystrokes}},
-        {"activeTime", PropertyPath<Day, double>{&Day::activeTime, &Day::setActiveTime}},
+        {"date", &Day::date, &Day::setDate},
+        {"mouseDistance", &Day::mouseDistance, &Day::setMouseDistance},
+        {"keystrokes", &Day::keystrokes, &Day::setKeystrokes},
+        {"activeTime", &Day::activeTime, &Day::setActiveTime},
     }};
     return metadata;
 }

@@ -3,23 +3,12 @@
 #include "Foundation/FatalError.h"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 #include <utility>
 
 namespace sharedcore {
 
-namespace {
-
 using platform::ObjectRow;
-
-template <class Records> auto ofEntity(const Records &records, std::string_view entityName)
-{
-    return records | std::views::filter(
-                         [entityName](const auto &entry) { return entry.first.entityName == entityName; });
-}
-
-} // namespace
 
 ModelContext::ModelContext(std::shared_ptr<platform::ObjectStore> store)
     : store_(std::move(store))
@@ -150,8 +139,8 @@ void ModelContext::mergeUnsaved(std::string_view entityName, const platform::Obj
     }
     std::erase_if(rows, [&](const ObjectRow &row) { return isUnsaved({entityName, row.key}); });
     for (const auto *records : {&inserted_, &changed_}) {
-        for (const auto &[identifier, record] : ofEntity(*records, entityName)) {
-            if (matches(query, record->backing_.values())) {
+        for (const auto &[identifier, record] : *records) {
+            if (identifier.entityName == entityName && matches(query, record->backing_.values())) {
                 rows.push_back({identifier.key, record->backing_.values()});
             }
         }

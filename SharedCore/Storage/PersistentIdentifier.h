@@ -3,10 +3,10 @@
 
 #include "Platform/ObjectRow.h"
 
-#include <compare>
 #include <cstddef>
 #include <functional>
 #include <string_view>
+#include <tuple>
 
 namespace sharedcore {
 
@@ -20,7 +20,11 @@ struct PersistentIdentifier
     // One that nobody has. Later ones of a process are greater than earlier ones.
     [[nodiscard]] static PersistentIdentifier make(std::string_view entityName);
 
-    auto operator<=>(const PersistentIdentifier &) const = default;
+    bool operator==(const PersistentIdentifier &) const = default;
+    bool operator<(const PersistentIdentifier &other) const
+    {
+        return std::tie(entityName, key) < std::tie(other.entityName, other.key);
+    }
 };
 
 } // namespace sharedcore

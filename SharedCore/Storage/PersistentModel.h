@@ -67,7 +67,7 @@ private:
     friend class ModelContext;
     template <class Model, class Value>
     friend Observation observe(const Model &model, Value (Model::*property)() const,
-                               PropertyObserver observer);
+                               const PropertyObserver &observer);
 
     void write(std::size_t place, platform::ColumnValue value);
     // Below: observers are told, the context is not.
@@ -86,10 +86,10 @@ private:
 // Calls the observer around each change of the property, for as long as what it gives lives.
 template <class Model, class Value>
 [[nodiscard]] Observation observe(const Model &model, Value (Model::*property)() const,
-                                  PropertyObserver observer)
+                                  const PropertyObserver &observer)
 {
     const PersistentModel &base = model;
-    return base.registrar_.observe(placeOf(property), std::move(observer));
+    return base.registrar_.observe(placeOf(property), observer);
 }
 
 } // namespace sharedcore

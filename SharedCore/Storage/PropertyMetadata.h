@@ -33,13 +33,19 @@ enum class PropertyAttribute { unique, indexed, transient };
 
 template <class Model> struct PropertyMetadata
 {
+    template <class Value>
+    PropertyMetadata(std::string_view propertyName, Value (Model::*get)() const, void (Model::*set)(Value))
+        : name(propertyName)
+        , keyPath(PropertyPath<Model, Value>{get, set})
+    {}
+
     std::string_view name; // of the property, and of its column
     KeyPath<Model> keyPath;
     // What rows get that were saved before there was the property; the value of a new record where there is
     // none.
-    std::optional<platform::ColumnValue> defaultValue = std::nullopt;
+    std::optional<platform::ColumnValue> defaultValue;
     // For the readers of the schema.
-    std::vector<PropertyAttribute> attributes = {};
+    std::vector<PropertyAttribute> attributes;
 };
 
 // The place of the property with this reader among those of its class. REQUIRES: it is published.
