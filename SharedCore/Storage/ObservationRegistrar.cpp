@@ -78,14 +78,15 @@ private:
 Observation::Observation(const std::shared_ptr<ObserverList> &list, std::size_t property,
                          PropertyObserver observer)
     : list_(list)
-    , observer_(std::make_shared<const PropertyObserver>(std::move(observer)))
 {
-    list->add(property, observer_);
+    const auto kept = std::make_shared<const PropertyObserver>(std::move(observer));
+    observer_ = kept;
+    list->add(property, kept);
 }
 
 Observation::Observation(Observation &&other) noexcept
     : list_(std::exchange(other.list_, {}))
-    , observer_(std::exchange(other.observer_, nullptr))
+    , observer_(std::exchange(other.observer_, {}))
 {}
 
 Observation &Observation::operator=(Observation &&other) noexcept
@@ -93,7 +94,7 @@ Observation &Observation::operator=(Observation &&other) noexcept
     if (this != &other) {
         end();
         list_ = std::exchange(other.list_, {});
-        observer_ = std::exchange(other.observer_, nullptr);
+        observer_ = std::exchange(other.observer_, {});
     }
     return *this;
 }
@@ -106,7 +107,7 @@ Observation::~Observation()
 void Observation::end()
 {
     if (const auto list = list_.lock()) {
-        list->remove(observer_);
+        list->remove(observer_.lock());
     }
 }
 

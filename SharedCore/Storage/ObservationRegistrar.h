@@ -35,7 +35,7 @@ private:
     void end();
 
     std::weak_ptr<ObserverList> list_;
-    std::shared_ptr<const PropertyObserver> observer_;
+    std::weak_ptr<const PropertyObserver> observer_; // the list's; it may own this
 };
 
 // Belongs to one object, whose properties are known by their places. The thread of its object. Costs next to
