@@ -1,6 +1,7 @@
 #include "Platform/Linux/Secrets/SecretServiceStore.h"
 
 #include "Foundation/Utf8.h"
+#include "Platform/Linux/Secrets/SecretBus.h"
 
 #include <libsecret/secret.h>
 
@@ -126,11 +127,9 @@ bool prepare(TimedCalls &calls, const std::function<SecretAccess()> &access)
     if (!connectToBus(calls)) {
         return false;
     }
-    if (!canSomebodyBeAsked()) {
-        return true;
-    }
-    const auto found = access();
-    if (found == SecretAccess::locked) {
+    const auto found =
+        access(); // changes nothing, so that a call that is not answered cannot take effect later
+    if (found == SecretAccess::locked && canSomebodyBeAsked()) {
         calls.extend(patienceWithTheUser);
     }
     return found != SecretAccess::absent;

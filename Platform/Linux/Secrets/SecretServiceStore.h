@@ -1,7 +1,6 @@
 // Secrets in the desktop's keyring.
 #pragma once
 
-#include "Platform/Linux/Secrets/SecretBus.h"
 #include "Platform/SecretStore.h"
 
 #include <mutex>

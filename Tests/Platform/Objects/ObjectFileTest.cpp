@@ -1,5 +1,5 @@
 #include "Tests/Platform/Objects/ObjectStoreTest.h"
-#include "Tests/Support/SmallDisk.h"
+#include "Tests/Support/PrivateMount.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -242,8 +242,9 @@ TEST_F(ObjectFileTest, IsRefusedWhereAFolderIsInItsPlace)
 
 TEST_F(ObjectFileTest, SaysThatTheDiskIsFullAndSavesOnceThereIsRoom)
 {
-    fs::create_directories(folder());
-    const testsupport::SmallDisk disk(folder(), 2'000'000);
+    ASSERT_TRUE(testsupport::separateMounts());
+    const testsupport::SmallDisk disk(folder(), 2000);
+    ASSERT_TRUE(disk.isMounted());
     const auto store = open();
     ASSERT_EQ(store->save(insertionOf({note(1)})).status, StoreStatus::done);
     std::ofstream filler(folder() / "filler", std::ios::binary);
@@ -256,6 +257,32 @@ TEST_F(ObjectFileTest, SaysThatTheDiskIsFullAndSavesOnceThereIsRoom)
     fs::remove(folder() / "filler");
     EXPECT_EQ(store->save(large).status, StoreStatus::done);
     EXPECT_EQ(rowsIn(*store).size(), 3U);
+}
+
+TEST_F(ObjectFileTest, IsReadWhereItMayNotBeWritten)
+{
+    ASSERT_TRUE(testsupport::separateMounts());
+    const testsupport::SmallDisk disk(folder(), 2000);
+    ASSERT_EQ(open()->save(insertionOf({note(1)})).status, StoreStatus::done);
+    ASSERT_TRUE(disk.setReadOnly(true));
+    const auto store = open();
+    EXPECT_EQ(rowsIn(*store), std::vector{note(1)});
+    EXPECT_EQ(store->save(insertionOf({note(2)})).status, StoreStatus::refused);
+    EXPECT_EQ(rowsIn(*store), std::vector{note(1)});
+    EXPECT_EQ(statusOfOpening({1, {noteEntity(), {"Other", noteEntity().columns}}}), StoreStatus::refused);
+    ASSERT_TRUE(disk.setReadOnly(false));
+    EXPECT_EQ(store->save(insertionOf({note(2)})).status, StoreStatus::done);
+    EXPECT_EQ(rowsIn(*store), (std::vector{note(1), note(2)}));
+}
+
+TEST_F(ObjectFileTest, IsRefusedAndLeftAloneWhereItIsAnotherUsers)
+{
+    ASSERT_TRUE(testsupport::separateMounts());
+    ASSERT_EQ(open()->save(insertionOf({note(1)})).status, StoreStatus::done);
+    ASSERT_TRUE(testsupport::giveToAnotherUser(path()));
+    const auto before = contentOf(path());
+    EXPECT_EQ(statusOfOpening(noteSchema()), StoreStatus::refused);
+    EXPECT_EQ(contentOf(path()), before);
 }
 
 } // namespace
