@@ -20,6 +20,12 @@ bool isNotANumber(const ColumnValue &value)
     return number != nullptr && std::isnan(*number);
 }
 
+bool isTooLong(const ColumnValue &value)
+{
+    const auto *text = std::get_if<std::string>(&value);
+    return text != nullptr && text->size() > longestText;
+}
+
 std::string lowered(std::string name)
 {
     std::ranges::transform(name, name.begin(), [](char letter) {
@@ -50,7 +56,7 @@ bool fits(const Column &column, const ColumnValue &value)
     if (value.index() == 0) {
         return column.isOptional;
     }
-    return value.index() == alternativeOf(column.type) && !isNotANumber(value);
+    return value.index() == alternativeOf(column.type) && !isNotANumber(value) && !isTooLong(value);
 }
 
 bool fit(const Entity &entity, const std::vector<ColumnValue> &values)

@@ -3,6 +3,7 @@
 
 #include "Foundation/ReferenceDate.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -17,6 +18,9 @@ enum class ColumnType {
     boolean,
     date,
 };
+
+// In bytes. What is longer does not fit into a column.
+inline constexpr std::size_t longestText = 100'000'000;
 
 // Absent, or a value of the column's type. Text is kept byte for byte. A date is kept as seconds since the
 // reference date, and so to the microsecond for 70 years around it.

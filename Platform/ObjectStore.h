@@ -37,7 +37,8 @@ struct FetchResult
 };
 
 // Any thread; one call at a time goes through. Other processes, and other stores of this one, may have the
-// same file open. Nothing is thrown.
+// same file open; a call waits for their saves, 2 s at most, and a save waits for the disk. Nothing is
+// thrown.
 class ObjectStore
 {
 public:

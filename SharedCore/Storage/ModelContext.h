@@ -25,7 +25,9 @@ template <class Model> struct FetchedRecords
 // Belongs to the thread that made it, with its records. Several contexts may share a store, or a file.
 //
 // As long as a record is held by somebody, the context gives the same object for the same row. It holds those
-// that are not saved yet itself. Nothing reaches the disk before save().
+// that are not saved yet itself. Nothing reaches the disk before save(). That and fetch() wait for the disk:
+// a program with a window that saves much at once does so on another thread, in a context with a store of its
+// own on the same file; the window's context can fetch meanwhile.
 class ModelContext
 {
 public:
@@ -53,9 +55,9 @@ public:
     [[nodiscard]] bool hasChanges() const;
 
     // Writes all changes, or none of them: unless the result is `done` they are kept for another try.
-    // `invalid` says that a number is NaN. Only changed properties are written, so that of two contexts that
-    // change one record each keeps its own properties, and the last to save a property wins. A record that
-    // somebody else deleted meanwhile stays deleted.
+    // `invalid` says that a number is NaN, or a text too long. Only changed properties are written, so that
+    // of two contexts that change one record each keeps its own properties, and the last to save a property
+    // wins. A record that somebody else deleted meanwhile stays deleted.
     [[nodiscard]] StoreStatus save();
 
     // Undoes all that was not saved: values go back, and their observers are told; deleted records are back;

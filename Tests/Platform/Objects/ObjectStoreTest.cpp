@@ -101,7 +101,8 @@ TEST_P(ObjectStoreTest, TouchesNothingForAChangeThatMakesNoSense)
     tooShort.values.pop_back();
     const auto store = open();
     for (const auto &row : {with(weightPlace, std::nan("")), with(textPlace, {}), with(countPlace, 1.0),
-                            with(isOpenPlace, std::int64_t{1}), with(authorPlace, true), tooShort}) {
+                            with(isOpenPlace, std::int64_t{1}), with(authorPlace, true), tooShort,
+                            with(textPlace, std::string(longestText + 1, 'x'))}) {
         EXPECT_EQ(store->save(insertionOf({note(1), row})).status, StoreStatus::invalid);
     }
     EXPECT_EQ(store->save({{{1, note(1)}}, {}, {}}).status, StoreStatus::invalid);
