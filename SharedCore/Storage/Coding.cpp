@@ -91,7 +91,8 @@ bool Coding<std::string>::decode(const Json &json, std::string &value)
 
 bool Coding<foundation::Date>::encode(foundation::Date value, Json &json)
 {
-    return Coding<double>::encode(foundation::secondsSinceReferenceDate(value), json);
+    const auto seconds = foundation::secondsSinceReferenceDate(value);
+    return foundation::dateFromReferenceSeconds(seconds) && Coding<double>::encode(seconds, json);
 }
 
 bool Coding<foundation::Date>::decode(const Json &json, foundation::Date &value)

@@ -63,7 +63,8 @@ template <> struct Coding<std::string>
     static bool decode(const Json &json, std::string &value);
 };
 
-// Seconds since 2001-01-01 00:00:00 UTC.
+// Seconds since 2001-01-01 00:00:00 UTC. The last moments of the range, which would round to one outside it,
+// cannot be encoded.
 template <> struct Coding<foundation::Date>
 {
     static bool encode(foundation::Date value, Json &json);
@@ -170,6 +171,8 @@ template <class Record, class Value> struct Field
     std::string_view key;
     Value Record::*value;
 };
+
+template <class Record, class Value> Field(const char *, Value Record::*) -> Field<Record, Value>;
 
 // A record lists its fields in a static function:
 //

@@ -79,6 +79,10 @@ TEST_F(CodingTest, CountsDatesInSecondsSince2001)
     EXPECT_EQ(decoded<foundation::Date>("-1"), foundation::referenceDate - std::chrono::seconds(1));
     EXPECT_EQ(decoded<foundation::Date>("1e300"), std::nullopt);
     EXPECT_EQ(decoded<foundation::Date>("\"2001-01-01\""), std::nullopt);
+    for (const auto farthest : {foundation::Date::min(), foundation::Date::max()}) {
+        const auto text = encoded(farthest);
+        EXPECT_TRUE(text == "(nothing)" || decoded<foundation::Date>(text)) << text;
+    }
 }
 
 TEST_F(CodingTest, TakesListsAndMapsOfOneTypeOnly)
