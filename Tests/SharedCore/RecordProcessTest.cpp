@@ -5,6 +5,7 @@
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/Eventually.h"
 
+#include <array>
 #include <csignal>
 #include <map>
 #include <thread>
@@ -33,9 +34,15 @@ protected:
 
     [[nodiscard]] std::unique_ptr<ChildProcess> start(const QString &writer, int batches) const
     {
+        return startOn(place_.path(), writer, batches);
+    }
+
+    [[nodiscard]] static std::unique_ptr<ChildProcess> startOn(const std::filesystem::path &file,
+                                                               const QString &writer, int batches)
+    {
         return std::make_unique<ChildProcess>(
             QStringLiteral(STIRRA_RECORD_PROGRAM),
-            QStringList{QString::fromStdString(place_.path().string()), writer, QString::number(batches)},
+            QStringList{QString::fromStdString(file.string()), writer, QString::number(batches)},
             QProcessEnvironment::systemEnvironment());
     }
 
@@ -49,10 +56,11 @@ protected:
         return batches;
     }
 
-    // Nothing was set aside.
-    void expectSoundFile() const
+    void expectSoundFile() const { expectNothingSetAside(place_.folder()); }
+
+    static void expectNothingSetAside(const std::filesystem::path &folder)
     {
-        for (const auto &entry : std::filesystem::directory_iterator(place_.folder())) {
+        for (const auto &entry : std::filesystem::directory_iterator(folder)) {
             EXPECT_EQ(entry.path().filename().string().find("damaged"), std::string::npos);
         }
     }
@@ -96,6 +104,25 @@ TEST_F(RecordProcessTest, KeepsWholeSavesWhereverItIsKilled)
         ASSERT_EQ(batches, batchesUpTo(previous));
     }
     expectSoundFile();
+}
+
+TEST_F(RecordProcessTest, CanBeOpenedWhereverItsMakingWasKilled)
+{
+    constexpr int kills = 60;
+    for (int round = 0; round < kills; ++round) {
+        testsupport::FilePlace place;
+        const std::array firstSigns{place.folder(), place.path(),
+                                    std::filesystem::path(place.path()) += "-wal"};
+        const auto &sign = firstSigns[static_cast<std::size_t>(round) % firstSigns.size()];
+        const auto process = startOn(place.path(), QStringLiteral("writer"), endless);
+        while (process->isRunning() && !std::filesystem::exists(sign)) {
+        }
+        process->sendSignal(SIGKILL);
+        ASSERT_EQ(process->waitForExit(), -SIGKILL);
+        const auto opened = place.open(schemaOf<ClipboardItem>());
+        ASSERT_EQ(opened.status, StoreStatus::done);
+        expectNothingSetAside(place.folder());
+    }
 }
 
 TEST_F(RecordProcessTest, KeepsWhatSeveralProcessesSaveAtOnce)
