@@ -25,4 +25,7 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Memory and time of a million ticks, on a scheduler that is stepped by hand.
 [[nodiscard]] std::vector<Row> longRunRows();
 
+// Saving and finding persistent records, 100,000 of them.
+[[nodiscard]] std::vector<Row> recordRows();
+
 } // namespace benchmarks

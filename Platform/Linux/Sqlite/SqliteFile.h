@@ -1,0 +1,71 @@
+// A database file that survives bad days.
+#pragma once
+
+#include "Platform/Linux/Sqlite/SqliteConnection.h"
+#include "Platform/Linux/Sqlite/SqliteStatus.h"
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+namespace platform {
+
+// What a program expects of a file. The version is kept in the file (`user_version`).
+struct SqliteFormat
+{
+    // The one that the program writes; 1 or more.
+    int version;
+    // Makes a file of that older version, 0 for a fresh one, into one of this version, in a transaction.
+    std::function<void(SqliteConnection &, int olderVersion)> upgrade;
+    // A statement that can be prepared in any sound file of this version. Empty: none.
+    std::string probe;
+};
+
+// The database is opened at the first use and stays open. Writes are on the disk when they are acknowledged
+// (a write-ahead log, synchronised at each commit), and several processes may use the file at once. Files are
+// 0600 in a folder that is 0700. Any thread, one at a time; others wait.
+//
+// A damaged file is set aside under a dated name with all that lies beside it, and a fresh one begun in its
+// place; nothing is deleted. A process that has the old one open notices at its next call. A file that cannot
+// be written is read. What fails is tried again by the next call, from the start.
+class SqliteFile
+{
+public:
+    using Work = std::function<void(SqliteConnection &)>;
+
+    SqliteFile(std::filesystem::path file, SqliteFormat format);
+    SqliteFile(const SqliteFile &) = delete;
+    SqliteFile &operator=(const SqliteFile &) = delete;
+    ~SqliteFile();
+
+    // Runs the work, which may throw SQLite::Exception, and says how it went. Work that finds the file
+    // damaged is run once more, with a fresh one. Nothing is thrown by this.
+    SqliteStatus run(const Work &work);
+
+    [[nodiscard]] const std::filesystem::path &path() const { return file_; }
+
+private:
+    SqliteStatus attempt(const Work &work);
+    SqliteStatus open();
+    SqliteStatus openLocked();
+    SqliteStatus openForWriting();
+    SqliteStatus openForReading();
+    SqliteStatus check();
+    bool isSound(int version);
+    void makeReady();
+    SqliteStatus replaceDamaged();
+    void close();
+
+    const std::filesystem::path file_;
+    const SqliteFormat format_;
+    std::mutex mutex_;
+    std::unique_ptr<SqliteConnection> connection_;
+    ino_t inode_ = 0; // of the file that was opened last
+    bool isReadOnly_ = false;
+};
+
+} // namespace platform
