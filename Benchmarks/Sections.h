@@ -27,4 +27,7 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Time of a save and a load of the preferences, beside QSettings. Takes some 10 s.
 [[nodiscard]] std::vector<Row> storageRows();
 
+// Saving and finding persistent records, 100,000 of them.
+[[nodiscard]] std::vector<Row> recordRows();
+
 } // namespace benchmarks

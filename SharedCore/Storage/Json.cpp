@@ -13,7 +13,7 @@ namespace {
 class JsonBuilder
 {
 public:
-    JsonBuilder() = default;
+    JsonBuilder() noexcept(false) = default;
     JsonBuilder(const JsonBuilder &) = delete;
     JsonBuilder &operator=(const JsonBuilder &) = delete;
     ~JsonBuilder() = default;
