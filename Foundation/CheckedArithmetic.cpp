@@ -22,6 +22,14 @@ std::int64_t checkedSum(std::int64_t left, std::int64_t right)
     return sum;
 }
 
+std::int64_t checkedRemainder(std::int64_t dividend, std::int64_t divisor)
+{
+    if (divisor == 0) {
+        fatalError("Division by zero in remainder operation");
+    }
+    return divisor == -1 ? 0 : dividend % divisor; // the quotient of the smallest number would not fit
+}
+
 std::int64_t checkedInteger(double value)
 {
     if (!std::isfinite(value)) {

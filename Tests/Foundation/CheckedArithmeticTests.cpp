@@ -8,6 +8,7 @@
 namespace {
 
 using foundation::checkedInteger;
+using foundation::checkedRemainder;
 using foundation::checkedSum;
 
 constexpr auto largest = std::numeric_limits<std::int64_t>::max();
@@ -23,6 +24,19 @@ TEST(CheckedArithmeticDeathTest, StopsTheProcessWhereASumDoesNotFit)
 {
     EXPECT_DEATH(checkedSum(largest, 1), "Fatal error: arithmetic overflow");
     EXPECT_DEATH(checkedSum(smallest, -1), "Fatal error: arithmetic overflow");
+}
+
+TEST(CheckedArithmetic, ARemainderHasTheSignOfItsDividend)
+{
+    EXPECT_EQ(checkedRemainder(7, 4), 3);
+    EXPECT_EQ(checkedRemainder(-7, 4), -3);
+    EXPECT_EQ(checkedRemainder(7, -4), 3);
+    EXPECT_EQ(checkedRemainder(smallest, -1), 0);
+}
+
+TEST(CheckedArithmeticDeathTest, StopsTheProcessAtARemainderByZero)
+{
+    EXPECT_DEATH(checkedRemainder(3, 0), "Fatal error: Division by zero in remainder operation");
 }
 
 TEST(CheckedArithmetic, TruncatesTowardZero)
