@@ -122,7 +122,7 @@ void MeshGradientPicture::drawRow(const Blob &blob, int row)
 
 void MeshGradientPicture::convert()
 {
-    const auto level = [](float light) { return static_cast<int>(light * levels + 0.5F); };
+    const auto level = [](float light) { return qRound(light * levels); };
     auto light = light_.cbegin();
     for (int y = 0; y < cells_.rows; ++y) {
         auto *line = reinterpret_cast<QRgb *>(image_.scanLine(y));
