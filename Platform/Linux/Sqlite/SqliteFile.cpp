@@ -51,6 +51,20 @@ template <class Callable> SqliteStatus guarded(const Callable &work)
     }
 }
 
+// Without running it: that would read the whole table.
+bool canBePrepared(const SQLite::Database &database, const std::string &sql)
+{
+    try {
+        const SQLite::Statement statement(database, sql);
+        return true;
+    } catch (const SQLite::Exception &error) {
+        if (error.getErrorCode() != SQLITE_ERROR) {
+            throw;
+        }
+        return false;
+    }
+}
+
 fs::path beside(fs::path file, const char *ending)
 {
     return file += ending;
@@ -205,11 +219,7 @@ bool SqliteFile::isSound(int version)
         return connection_->numberOf("SELECT count(*) FROM sqlite_schema") == 0;
     }
     const bool isProbed = version == format_.version && !format_.probe.empty();
-    const int code = isProbed ? connection_->database().tryExec(format_.probe) : SQLITE_OK;
-    if (code != SQLITE_OK && code != SQLITE_ERROR) {
-        throw SQLite::Exception(connection_->database().getErrorMsg(), code);
-    }
-    return version > 0 && code == SQLITE_OK;
+    return version > 0 && (!isProbed || canBePrepared(connection_->database(), format_.probe));
 }
 
 void SqliteFile::makeReady()

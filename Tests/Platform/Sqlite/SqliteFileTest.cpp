@@ -60,6 +60,16 @@ TEST_F(SqliteFileTest, ClosesAFolderAndAFileThatOthersCouldRead)
     EXPECT_EQ(modeOf(path()), 0600U);
 }
 
+TEST_F(SqliteFileTest, DoesNotRunTheStatementThatProbesIt)
+{
+    auto probed = format();
+    probed.probe = "INSERT INTO number VALUES (7)";
+    for (int count = 0; count < 2; ++count) {
+        SqliteFile file(path(), probed);
+        EXPECT_EQ(values(file), std::multiset<int>());
+    }
+}
+
 TEST_F(SqliteFileTest, SynchronisesEachCommitOfItsLog)
 {
     SqliteFile file(path(), format());
