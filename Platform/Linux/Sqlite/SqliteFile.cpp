@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdio>
+#include <system_error>
 #include <utility>
 
 namespace platform {
@@ -152,7 +153,8 @@ SqliteStatus SqliteFile::open()
 SqliteStatus SqliteFile::openLocked()
 {
     const auto existing = fileStatus(file_);
-    if (fs::is_symlink(fs::symlink_status(file_)) || (existing && !isOwnFile(*existing))) {
+    std::error_code unknown; // in a folder that may not be searched
+    if (fs::is_symlink(fs::symlink_status(file_, unknown)) || (existing && !isOwnFile(*existing))) {
         return SqliteStatus::denied;
     }
     // SQLite takes an empty database for a new one, and would remove the log that belonged to it.
