@@ -70,6 +70,9 @@ AppDelegate::AppDelegate(QObject *parent)
     : QObject(parent)
     , preparedWindow_(std::make_unique<QQuickView>())
 {
+    prepareMainWindow(*preparedWindow_);
+    centre(*preparedWindow_);
+    preparedWindow_->create(); // which waits for the display server; that must not wait for the reader
     auto *engine = preparedWindow_->engine();
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     mainView_ = new QQmlComponent(engine, mainViewUrl(), QQmlComponent::Asynchronous, preparedWindow_.get());
@@ -79,9 +82,6 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    prepareMainWindow(*preparedWindow_);
-    centre(*preparedWindow_);
-    preparedWindow_->create();
     awaitLoaded(*mainView_);
     preparedWindow_->setContent(mainViewUrl(), mainView_, mainView_->create());
     mainWindow_ = std::move(preparedWindow_);

@@ -10,7 +10,7 @@ Rectangle {
 
     implicitHeight: row.implicitHeight + 20
     implicitWidth: row.implicitWidth + 2 * Metrics.padding
-    color: SystemStyle.barMaterial
+    color: Qt.tint(SystemStyle.windowBackground, SystemStyle.barMaterial)
 
     HStack {
         id: row

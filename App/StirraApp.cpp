@@ -30,7 +30,6 @@ void reopen(AppDelegate &delegate, const QString &activationToken)
 
 int run(platform::Platform &platform)
 {
-    AppDelegate delegate; // reads its views while the session is asked who is first
     auto &link = platform.applicationLink();
     bool isEnding = false; // before the main loop runs nobody would hear a quit
     QObject::connect(&link, &platform::ApplicationLink::quitRequested, &link,
@@ -38,6 +37,8 @@ int run(platform::Platform &platform)
     if (!link.claim()) {
         return 0;
     }
+    static_cast<void>(platform.appearance()); // what it asks the desktop is answered while the views are read
+    AppDelegate delegate;
     QObject::connect(&link, &platform::ApplicationLink::reopenRequested, &delegate,
                      [&delegate](const QString &token) { reopen(delegate, token); });
     delegate.applicationDidFinishLaunching();

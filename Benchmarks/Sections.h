@@ -24,6 +24,8 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 [[nodiscard]] std::vector<Row> actionCostRows();
 // Memory and time of a million ticks, on a scheduler that is stepped by hand.
 [[nodiscard]] std::vector<Row> longRunRows();
+// Time of a save and a load of the preferences, beside QSettings. Takes some 10 s.
+[[nodiscard]] std::vector<Row> storageRows();
 
 // Saving and finding persistent records, 100,000 of them.
 [[nodiscard]] std::vector<Row> recordRows();

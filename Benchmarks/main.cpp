@@ -59,6 +59,7 @@ int measure(int argc, char **argv)
     report.add("wayland", waylandRows);
     report.add("cost of an action", actionCostRows);
     report.add("a million ticks", longRunRows);
+    report.add("storage", storageRows);
     report.add("records", recordRows);
     report.print();
     return report.isComplete() ? EXIT_SUCCESS : EXIT_FAILURE;

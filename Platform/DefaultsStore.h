@@ -3,8 +3,10 @@
 
 #include "Platform/PropertyValue.h"
 
+#include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace platform {
 
@@ -24,6 +26,13 @@ public:
     // The value of the type that it was stored with, whoever stored it last; nothing where there is none, and
     // where it cannot be read now.
     [[nodiscard]] virtual std::optional<PropertyValue> value(std::string_view key) = 0;
+
+    // The same, without a copy of it: the same object at each call, as long as nothing was saved in between.
+    [[nodiscard]] virtual std::shared_ptr<const PropertyValue> sharedValue(std::string_view key)
+    {
+        auto found = value(key);
+        return found ? std::make_shared<const PropertyValue>(std::move(*found)) : nullptr;
+    }
 
     // True: the value is on the disk, whole, in place of any before. False: nothing has changed; the store
     // cannot be written now, or the value has no stored form (see PropertyValueCoding.h).

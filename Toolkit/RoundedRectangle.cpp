@@ -1,5 +1,7 @@
 #include "Toolkit/RoundedRectangle.h"
 
+#include "Toolkit/DiagonalBrush.h"
+
 #include <QPainter>
 
 namespace toolkit {
@@ -20,14 +22,7 @@ void RoundedRectangle::setColor(const QColor &color)
 
 QBrush RoundedRectangle::fill() const
 {
-    if (topLeadingColor_ == bottomTrailingColor_) {
-        return topLeadingColor_;
-    }
-    const auto bounds = boundingRect();
-    QLinearGradient gradient(bounds.topLeft(), bounds.bottomRight());
-    gradient.setColorAt(0, topLeadingColor_);
-    gradient.setColorAt(1, bottomTrailingColor_);
-    return gradient;
+    return diagonalBrush(boundingRect(), topLeadingColor_, bottomTrailingColor_);
 }
 
 QPen RoundedRectangle::stroke() const

@@ -1,5 +1,7 @@
 #include "Toolkit/TrimmedCircle.h"
 
+#include "Toolkit/DiagonalBrush.h"
+
 #include <QPainter>
 
 #include <cmath>
@@ -39,12 +41,10 @@ void TrimmedCircle::paint(QPainter *painter)
         return;
     }
     const QRectF circle(-diameter_ / 2, -diameter_ / 2, diameter_, diameter_);
-    QLinearGradient gradient(circle.topLeft(), circle.bottomRight());
-    gradient.setColorAt(0, topLeadingColor_);
-    gradient.setColorAt(1, bottomTrailingColor_);
+    const auto brush = diagonalBrush(circle, topLeadingColor_, bottomTrailingColor_);
     painter->translate(width() / 2, height() / 2);
     painter->rotate(turn_);
-    painter->setPen(QPen(gradient, lineWidth_, Qt::SolidLine, Qt::RoundCap));
+    painter->setPen(QPen(brush, lineWidth_, Qt::SolidLine, Qt::RoundCap));
     // The painter counts its angles counter-clockwise.
     painter->drawArc(circle, -painterAngle(trimFrom_), -painterAngle(trimTo_ - trimFrom_));
 }

@@ -41,6 +41,8 @@ function(stirra_test name)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} StirraTestMain)
+  target_precompile_headers(${name} REUSE_FROM StirraTestHeaders)
+  target_compile_options(${name} PRIVATE ${STIRRA_TEST_OPTIONS})
   stirra_target(${name})
   stirra_discover(${name} MODULE ${arg_MODULE} LABELS ${arg_LABELS} ENVIRONMENT ${arg_ENVIRONMENT}
     TIMEOUT ${arg_TIMEOUT})

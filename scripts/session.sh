@@ -66,11 +66,17 @@ end_process()
     fi
 }
 
+# What the bus started ends a moment after it, and a document portal has mounted a folder here until then.
+remove_session_folder()
+{
+    rm -rf "$session_folder" 2>/dev/null
+}
+
 end_session()
 {
     local pid
     for pid in "${servers[@]}"; do
         end_process "$pid"
     done
-    rm -rf "$session_folder"
+    wait_until 10 remove_session_folder || true
 }

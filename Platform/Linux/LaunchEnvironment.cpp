@@ -7,6 +7,9 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <pthread.h>
+#include <sched.h>
+
 #include <thread>
 
 namespace platform {
@@ -69,11 +72,24 @@ void drawWithoutWaiting()
     setDefault("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "-1");
 }
 
+// The kernel of a virtual machine may let a new thread wait for its parent's processor while another is idle.
+void moveOffThisProcessor(std::jthread &thread)
+{
+    cpu_set_t processors;
+    const int current = sched_getcpu();
+    if (current >= 0 && sched_getaffinity(0, sizeof processors, &processors) == 0 &&
+        CPU_COUNT(&processors) > 1) {
+        CPU_CLR(static_cast<std::size_t>(current), &processors);
+        pthread_setaffinity_np(thread.native_handle(), sizeof processors, &processors);
+    }
+}
+
 // Reading fontconfig's configuration is a tenth of the time to the first frame, and nothing else waits for it
 // before the first text is laid out. It is the one thing that the program does beside its main thread.
 void readFontConfigurationAside()
 {
     fontConfigurationReader() = std::jthread([] { FcInit(); });
+    moveOffThisProcessor(fontConfigurationReader());
 }
 
 } // namespace

@@ -104,14 +104,4 @@ bool Coding<foundation::Date>::decode(const Json &json, foundation::Date &value)
     return isNumber && date.has_value();
 }
 
-std::optional<platform::Data> encodedRecord(const Encodable &value)
-{
-    return jsonText([&value](Json &json) { return value.encode(json); });
-}
-
-bool decodeRecord(std::span<const std::byte> bytes, Decodable &into)
-{
-    return readJsonText(bytes, [&into](const Json &json) { return into.decode(json); });
-}
-
 } // namespace sharedcore

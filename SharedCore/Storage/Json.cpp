@@ -10,31 +10,37 @@ namespace {
 
 // Builds the value as the parser comes by its parts. The parser does not call itself, so depth costs memory
 // only.
-class JsonBuilder final : public Json::json_sax_t
+class JsonBuilder
 {
 public:
+    JsonBuilder() noexcept(false) = default;
+    JsonBuilder(const JsonBuilder &) = delete;
+    JsonBuilder &operator=(const JsonBuilder &) = delete;
+    ~JsonBuilder() = default;
+
     [[nodiscard]] const Json &value() const { return value_; }
 
-    bool null() override { return add(nullptr); }
-    bool boolean(bool isTrue) override { return add(isTrue); }
-    bool number_integer(number_integer_t number) override { return add(number); }
-    bool number_unsigned(number_unsigned_t number) override { return add(number); }
-    bool number_float(number_float_t number, const string_t & /*text*/) override { return add(number); }
-    bool string(string_t &text) override { return add(std::move(text)); }
-    bool binary(binary_t & /*bytes*/) override { return false; }
-    bool start_object(std::size_t /*count*/) override { return begin(Json::object()); }
-    bool end_object() override { return end(); }
-    bool start_array(std::size_t /*count*/) override { return begin(Json::array()); }
-    bool end_array() override { return end(); }
+    // What the parser calls, by its names.
+    bool null() { return add(nullptr); }
+    bool boolean(bool isTrue) { return add(isTrue); }
+    bool number_integer(std::int64_t number) { return add(number); }
+    bool number_unsigned(std::uint64_t number) { return add(number); }
+    bool number_float(double number, const std::string & /*text*/) { return add(number); }
+    bool string(std::string &text) { return add(std::move(text)); }
+    static bool binary(Json::binary_t & /*bytes*/) { return false; }
+    bool start_object(std::size_t /*count*/) { return begin(Json::object()); }
+    bool end_object() { return end(); }
+    bool start_array(std::size_t /*count*/) { return begin(Json::array()); }
+    bool end_array() { return end(); }
 
-    bool key(string_t &key) override
+    bool key(std::string &key)
     {
         key_ = std::move(key);
         return !open_.back()->contains(key_);
     }
 
-    bool parse_error(std::size_t /*position*/, const std::string & /*token*/,
-                     const nlohmann::detail::exception & /*error*/) override
+    static bool parse_error(std::size_t /*position*/, const std::string & /*token*/,
+                            const nlohmann::detail::exception & /*error*/)
     {
         return false;
     }
@@ -129,7 +135,7 @@ bool isObject(const Json &value)
 
 const Json *findMember(const Json &object, std::string_view key)
 {
-    const auto found = object.find(std::string(key));
+    const auto found = object.find(key);
     return found == object.end() ? nullptr : &*found;
 }
 

@@ -4,7 +4,6 @@
 
 namespace sharedcore {
 
-using platform::Data;
 using platform::PropertyValue;
 
 StorageManager &StorageManager::shared()
@@ -29,9 +28,7 @@ void StorageManager::set(const Encodable &value, std::string_view key)
 
 bool StorageManager::get(Decodable &into, std::string_view key)
 {
-    const auto value = defaults_->value(key);
-    const auto *bytes = value ? std::get_if<Data>(&*value) : nullptr;
-    return bytes && decodeRecord(*bytes, into);
+    return into.decodeStored(defaults_->sharedValue(key));
 }
 
 void StorageManager::set(const std::optional<PropertyValue> &value, std::string_view key)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Platform/StorageServices.h"
-#include "SharedCore/Storage/Coding.h"
+#include "SharedCore/Storage/Encodable.h"
 #include "SharedCore/Storage/Identifiers.h"
 
 #include <memory>

@@ -14,6 +14,19 @@ namespace {
 using namespace std::string_literals;
 using platform::PropertyValue;
 
+// With nothing of the user's session in reach.
+class EmptySessionTest : public RealStorageTest
+{
+protected:
+    EmptySessionTest()
+    {
+        for (const auto *variable :
+             {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "DISPLAY", "WAYLAND_DISPLAY"}) {
+            unsetenv(variable);
+        }
+    }
+};
+
 TEST_F(RealStorageTest, KeepsRecordsFromOneRunToTheNext)
 {
     const AppPreferences preferences{.launchAtLogin = true, .keyboardShortcuts = {{"a", "b"}}};
@@ -84,26 +97,27 @@ TEST_F(RealStorageTest, IsInTheUsersHomeWhereNoFolderIsNamed)
     EXPECT_TRUE(std::filesystem::exists(dataFolder() / "home/.local/share/application/defaults.sqlite"));
 }
 
-// With `STIRRA_SANITIZERS=thread` this shows that the instance needs no lock of its callers.
-TEST_F(RealStorageTest, IsUsedByEightThreadsAtOnce)
+// With STIRRA_SANITIZERS=thread this shows that the shared instance needs no lock of its callers.
+TEST_F(EmptySessionTest, IsUsedByEightThreadsAtOnce)
 {
     constexpr int rounds = 40;
-    RealStorage storage;
     std::vector<std::thread> threads;
     for (int number = 0; number < 8; ++number) {
-        threads.emplace_back([&storage, number] {
+        threads.emplace_back([number] {
+            auto &storage = StorageManager::shared();
             const auto key = "key " + std::to_string(number);
-            const auto suite = storage->sharedDefaults();
+            const auto suite = storage.sharedDefaults();
             for (std::int64_t round = 0; round < rounds; ++round) {
-                storage->set(UsageStats{.launchCount = round}, key);
-                EXPECT_EQ(storage->get<UsageStats>(key), UsageStats{.launchCount = round});
-                storage->set(AppPreferences{.launchAtLogin = number % 2 == 0}, AppPreferences::settingsKey);
-                EXPECT_TRUE(storage->get<AppPreferences>(AppPreferences::settingsKey));
+                storage.set(UsageStats{.launchCount = round}, key);
+                EXPECT_EQ(storage.get<UsageStats>(key), UsageStats{.launchCount = round});
+                AppPreferences{.launchAtLogin = number % 2 == 0}.save();
+                EXPECT_TRUE(AppPreferences::load().showMenuBarIcon);
                 EXPECT_TRUE(suite->setValue(key, round));
-                EXPECT_EQ(storage->sharedDefaults()->value(key), PropertyValue(round));
+                EXPECT_EQ(storage.sharedDefaults()->value(key), PropertyValue(round));
             }
-            storage->remove(key);
-            EXPECT_EQ(storage->get(key), std::nullopt);
+            EXPECT_FALSE(storage.deleteFromKeychain(key)); // there is no service here
+            storage.remove(key);
+            EXPECT_EQ(storage.get(key), std::nullopt);
         });
     }
     for (auto &thread : threads) {

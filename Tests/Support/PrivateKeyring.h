@@ -3,6 +3,8 @@
 
 #include "Tests/Support/PrivateBus.h"
 
+#include <memory>
+
 namespace testsupport {
 
 // Started when made, ended when destroyed. Its keyrings lie in the runtime's data folder.
@@ -19,11 +21,11 @@ public:
 
     // Whether the service is on the bus.
     [[nodiscard]] bool isOpen() const { return isOpen_; }
-    [[nodiscard]] ChildProcess &process() { return process_; }
+    [[nodiscard]] ChildProcess &process() { return *process_; }
 
 private:
-    ChildProcess process_;
-    bool isOpen_;
+    std::unique_ptr<ChildProcess> process_;
+    bool isOpen_ = false;
 };
 
 } // namespace testsupport

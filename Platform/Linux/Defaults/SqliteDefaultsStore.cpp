@@ -15,6 +15,9 @@ constexpr auto readSql = "SELECT value FROM entry WHERE key = ?";
 constexpr auto writeSql = "INSERT INTO entry VALUES (?, ?) ON CONFLICT DO UPDATE SET value = excluded.value";
 constexpr auto removeSql = "DELETE FROM entry WHERE key = ?";
 
+constexpr std::chrono::seconds longestMemory(1);
+constexpr std::size_t mostRemembered = 64;
+
 constexpr std::size_t longestValue = std::numeric_limits<int>::max();
 
 SqliteFormat format()
@@ -42,8 +45,28 @@ SqliteDefaultsStore::SqliteDefaultsStore(std::filesystem::path file)
 
 std::optional<PropertyValue> SqliteDefaultsStore::value(std::string_view key)
 {
+    const auto found = sharedValue(key);
+    return found ? std::optional(*found) : std::nullopt;
+}
+
+std::shared_ptr<const PropertyValue> SqliteDefaultsStore::sharedValue(std::string_view key)
+{
+    const auto stamp = file_.stamp(); // before anything is read: what comes later shows in the next one
+    if (const auto known = recalled(key, stamp)) {
+        return *known;
+    }
+    const auto readAt = Clock::now();
+    const auto value = read(key);
+    if (value && stamp && stamp->isSettled()) {
+        remember(key, *value, *stamp, readAt);
+    }
+    return value.value_or(nullptr);
+}
+
+std::optional<SqliteDefaultsStore::Value> SqliteDefaultsStore::read(std::string_view key)
+{
     std::optional<Data> stored;
-    file_.run([&](SqliteConnection &connection) {
+    const auto status = file_.run([&](SqliteConnection &connection) {
         stored.reset();
         const auto statement = connection.statement(readSql);
         statement->bind(1, std::string(key));
@@ -51,7 +74,34 @@ std::optional<PropertyValue> SqliteDefaultsStore::value(std::string_view key)
             stored = contentOf(statement->getColumn(0));
         }
     });
-    return stored ? decodedPropertyValue(*stored) : std::nullopt;
+    if (status != SqliteStatus::done) {
+        return std::nullopt;
+    }
+    auto value = stored ? decodedPropertyValue(*stored) : std::nullopt;
+    return value ? std::make_shared<const PropertyValue>(std::move(*value)) : nullptr;
+}
+
+std::optional<SqliteDefaultsStore::Value> SqliteDefaultsStore::recalled(std::string_view key,
+                                                                        const std::optional<LogStamp> &stamp)
+{
+    const std::scoped_lock lock(mutex_);
+    if (!stamp || stamp != stamp_ || Clock::now() - readAt_ > longestMemory) {
+        return std::nullopt;
+    }
+    const auto found = values_.find(key);
+    return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void SqliteDefaultsStore::remember(std::string_view key, const Value &value, const LogStamp &stamp,
+                                   Clock::time_point readAt)
+{
+    const std::scoped_lock lock(mutex_);
+    if (stamp != stamp_ || readAt - readAt_ > longestMemory || values_.size() >= mostRemembered) {
+        values_.clear();
+        stamp_ = stamp;
+        readAt_ = readAt;
+    }
+    values_.insert_or_assign(std::string(key), value);
 }
 
 bool SqliteDefaultsStore::setValue(std::string_view key, const PropertyValue &value)

@@ -36,9 +36,14 @@ int SqliteConnection::waitForOthers(void *patience, int round)
     return now < self.deadline ? 1 : 0;
 }
 
-SqliteStatement SqliteConnection::statement(const std::string &sql)
+SqliteStatement SqliteConnection::statement(std::string_view sql)
 {
-    return SqliteStatement(statements_.try_emplace(sql, database_, sql).first->second);
+    auto found = statements_.find(sql);
+    if (found == statements_.end()) {
+        const std::string text(sql);
+        found = statements_.try_emplace(text, database_, text).first;
+    }
+    return SqliteStatement(found->second);
 }
 
 void SqliteConnection::transaction(const std::function<void()> &work)

@@ -8,11 +8,12 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
-// Waits at most so long for others, in each call.
-inline constexpr std::chrono::seconds longestSqliteWait(2);
+// Waits at most so long for others, in each call: on a slow disk several may be before it.
+inline constexpr std::chrono::seconds longestSqliteWait(5);
 
 // A prepared statement in use. Ends what it reads, and forgets what was bound to it, when it goes.
 class SqliteStatement
@@ -45,7 +46,7 @@ public:
     [[nodiscard]] SQLite::Database &database() { return database_; }
 
     // The statement of that text, prepared at its first use and kept. REQUIRES: it is not in use already.
-    [[nodiscard]] SqliteStatement statement(const std::string &sql);
+    [[nodiscard]] SqliteStatement statement(std::string_view sql);
 
     // Runs the work in a write transaction: all of it is kept, on the disk when this returns, or nothing.
     void transaction(const std::function<void()> &work);
@@ -70,7 +71,7 @@ private:
 
     Patience patience_;
     SQLite::Database database_;
-    std::map<std::string, SQLite::Statement> statements_;
+    std::map<std::string, SQLite::Statement, std::less<>> statements_;
 };
 
 } // namespace platform

@@ -3,6 +3,7 @@
 #include "Platform/Linux/Sqlite/PrivateFolder.h"
 
 #include <SQLiteCpp/Exception.h>
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -129,14 +130,36 @@ SqliteStatus SqliteFile::attempt(const Work &work)
             return status;
         }
     }
-    const auto status = guarded([&] {
-        work(*connection_);
-        return SqliteStatus::done;
-    });
+    const auto status = runOn(*connection_, work);
     if (isReadOnly_) { // it may be writable the next time
         close();
     }
     return status;
+}
+
+SqliteStatus SqliteFile::runOn(SqliteConnection &connection, const Work &work) const
+{
+    const int changesBefore = connection.database().getTotalChanges();
+    const auto status = guarded([&] {
+        work(connection);
+        return SqliteStatus::done;
+    });
+    if (connection.database().getTotalChanges() != changesBefore) {
+        // The log was written before the disk had it; only now does everybody read what is in it.
+        futimens(log_.get(), nullptr);
+    }
+    return status;
+}
+
+std::optional<LogStamp> SqliteFile::stamp()
+{
+    const std::scoped_lock lock(mutex_);
+    struct stat status
+    {};
+    if (!log_.isOpen() || fstat(log_.get(), &status) != 0 || status.st_nlink == 0) {
+        return std::nullopt;
+    }
+    return LogStamp(status);
 }
 
 SqliteStatus SqliteFile::open()
@@ -188,6 +211,7 @@ SqliteStatus SqliteFile::openForWriting()
     if (status == SqliteStatus::done) {
         makeReady();
         connection_->setLeavesFilesAlone(false);
+        log_ = FileDescriptor(::open(beside(file_, "-wal").c_str(), O_RDONLY | O_CLOEXEC)); // NOLINT
     }
     return status;
 }
@@ -258,6 +282,7 @@ SqliteStatus SqliteFile::replaceDamaged()
 void SqliteFile::close()
 {
     connection_.reset();
+    log_ = FileDescriptor();
 }
 
 } // namespace platform

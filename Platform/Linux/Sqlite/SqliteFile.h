@@ -1,6 +1,8 @@
 // A database file that survives bad days.
 #pragma once
 
+#include "Platform/Linux/FileDescriptor.h"
+#include "Platform/Linux/Sqlite/LogStamp.h"
 #include "Platform/Linux/Sqlite/SqliteConnection.h"
 #include "Platform/Linux/Sqlite/SqliteStatus.h"
 
@@ -10,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -46,6 +49,11 @@ public:
     // damaged is run once more, with a fresh one. Nothing is thrown by this.
     SqliteStatus run(const Work &work);
 
+    // What was read after a stamp was taken that is settled holds as long as the stamp is the same: a write
+    // that is acknowledged, by whatever process, changes it before. A process that is killed in the very
+    // moment of a write may leave the stamp as it was. Nothing where the file is not open for writing.
+    [[nodiscard]] std::optional<LogStamp> stamp();
+
     [[nodiscard]] const std::filesystem::path &path() const { return file_; }
 
 private:
@@ -58,13 +66,15 @@ private:
     bool isSound(int version);
     void makeReady();
     SqliteStatus replaceDamaged();
+    SqliteStatus runOn(SqliteConnection &connection, const Work &work) const;
     void close();
 
     const std::filesystem::path file_;
     const SqliteFormat format_;
     std::mutex mutex_;
     std::unique_ptr<SqliteConnection> connection_;
-    ino_t inode_ = 0; // of the file that was opened last
+    FileDescriptor log_; // no lock is held on the log, so that this may be closed
+    ino_t inode_ = 0;    // of the file that was opened last
     bool isReadOnly_ = false;
 };
 

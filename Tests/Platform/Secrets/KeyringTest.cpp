@@ -4,7 +4,7 @@
 #include "Tests/Platform/Secrets/ProcessMemory.h"
 #include "Tests/Platform/Secrets/SecretHome.h"
 
-#include <QDBusInterface>
+#include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusReply>
 #include <QDirIterator>
@@ -21,6 +21,12 @@ using Attributes = QMap<QString, QString>;
 class KeyringTest : public testing::Test
 {
 protected:
+    static QDBusMessage call(const QString &path, const QString &interface, const QString &method)
+    {
+        return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"), path, interface,
+                                              method);
+    }
+
     [[nodiscard]] std::string read(std::string_view account)
     {
         const auto secret = store_.read(account, "service");
@@ -30,20 +36,19 @@ protected:
     // Of the one item that has that account; ends the test where there are more.
     [[nodiscard]] Attributes attributesOf(const QString &account)
     {
-        const auto connection = home_.bus().connect();
-        QDBusInterface service(QStringLiteral("org.freedesktop.secrets"),
-                               QStringLiteral("/org/freedesktop/secrets"),
-                               QStringLiteral("org.freedesktop.Secret.Service"), connection);
         qDBusRegisterMetaType<Attributes>();
+        const auto connection = home_.bus().connect();
         const Attributes wanted{{QStringLiteral("account"), account}};
-        const QDBusReply<QList<QDBusObjectPath>> items =
-            service.call(QStringLiteral("SearchItems"), QVariant::fromValue(wanted));
+        const QDBusReply<QList<QDBusObjectPath>> items = connection.call(
+            call(QStringLiteral("/org/freedesktop/secrets"), QStringLiteral("org.freedesktop.Secret.Service"),
+                 QStringLiteral("SearchItems"))
+            << QVariant::fromValue(wanted));
         EXPECT_EQ(items.value().size(), 1);
-        QDBusInterface properties(QStringLiteral("org.freedesktop.secrets"), items.value().value(0).path(),
-                                  QStringLiteral("org.freedesktop.DBus.Properties"), connection);
         const QDBusReply<QVariant> found =
-            properties.call(QStringLiteral("Get"), QStringLiteral("org.freedesktop.Secret.Item"),
-                            QStringLiteral("Attributes"));
+            connection.call(call(items.value().value(0).path(),
+                                 QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"))
+                            << QStringLiteral("org.freedesktop.Secret.Item") << QStringLiteral("Attributes"));
+        QDBusConnection::disconnectFromBus(connection.name());
         return qdbus_cast<Attributes>(found.value());
     }
 

@@ -64,9 +64,9 @@ protected:
 
     void expectSecret(std::string_view expected = "secret")
     {
-        const auto secret = store_.read("me", "service");
-        ASSERT_TRUE(secret);
-        EXPECT_EQ(secret->view(), expected);
+        const auto found = store_.read("me", "service");
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->view(), expected);
     }
 
     void restart(PrivateKeyring::State state)

@@ -117,7 +117,7 @@ TEST_F(SecretStoreTest, TellsAccountsAndServicesApart)
     EXPECT_EQ(read("second"), "two");
     EXPECT_TRUE(store_.remove("first", service_));
     EXPECT_EQ(read("second"), "two");
-    EXPECT_EQ(store_.read("first", other)->view(), "three");
+    EXPECT_EQ(store_.read("first", other).value().view(), "three");
 }
 
 TEST_F(SecretStoreTest, TakesTextOfEveryKind)

@@ -1,0 +1,1 @@
+// The precompiled headers of the tests belong to a target, and a target has a source.
