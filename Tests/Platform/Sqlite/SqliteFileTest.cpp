@@ -78,6 +78,16 @@ TEST_F(SqliteFileTest, ClosesAFolderAndAFileThatOthersCouldRead)
     EXPECT_EQ(modeOf(path()), 0600U);
 }
 
+TEST_F(SqliteFileTest, LeavesAFolderAloneThatUsersShare)
+{
+    fs::create_directory(folder());
+    ASSERT_EQ(chmod(folder().c_str(), 01777), 0);
+    SqliteFile file(path(), format());
+    EXPECT_EQ(insert(file, 1), SqliteStatus::denied);
+    EXPECT_EQ(modeOf(folder()), 0777U);
+    EXPECT_TRUE(names().empty());
+}
+
 TEST_F(SqliteFileTest, SaysSoWhereItsFolderMayNotBeEntered)
 {
     const OrdinaryUser user(folder().parent_path());
