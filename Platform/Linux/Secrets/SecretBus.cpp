@@ -44,18 +44,14 @@ struct Method
 };
 
 // Nothing where no answer came, or an error.
-GlibPointer<GVariant> call(TimedCalls &calls, const Method &method, GVariant *arguments)
+GlibPointer<GVariant> call(TimedCalls &calls, GDBusConnection *bus, const Method &method, GVariant *arguments)
 {
     const GlibPointer<GVariant> kept(g_variant_ref_sink(arguments));
-    const GlibPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    if (!bus) {
-        return nullptr;
-    }
     const auto result = calls.run([&](GCancellable *cancellable, GAsyncReadyCallback done, gpointer data) {
-        g_dbus_connection_call(bus.get(), service, method.path, method.interface, method.name, kept.get(),
-                               nullptr, G_DBUS_CALL_FLAGS_NONE, -1, cancellable, done, data);
+        g_dbus_connection_call(bus, service, method.path, method.interface, method.name, kept.get(), nullptr,
+                               G_DBUS_CALL_FLAGS_NONE, -1, cancellable, done, data);
     });
-    return GlibPointer<GVariant>(result ? g_dbus_connection_call_finish(bus.get(), result.get(), nullptr)
+    return GlibPointer<GVariant>(result ? g_dbus_connection_call_finish(bus, result.get(), nullptr)
                                         : nullptr);
 }
 
@@ -93,20 +89,19 @@ bool areSecretsOnTheBus()
            variable("SNAP_NAME").empty();
 }
 
-bool connectToBus(TimedCalls &calls)
+BusConnection connectToBus(TimedCalls &calls)
 {
     if (!isThereABus()) {
-        return false;
+        return nullptr;
     }
     const auto result = calls.run([](GCancellable *cancellable, GAsyncReadyCallback done, gpointer data) {
         g_bus_get(G_BUS_TYPE_SESSION, cancellable, done, data);
     });
-    const GlibPointer<GDBusConnection> bus(result ? g_bus_get_finish(result.get(), nullptr) : nullptr);
-    if (!bus) {
-        return false;
+    BusConnection bus(result ? g_bus_get_finish(result.get(), nullptr) : nullptr);
+    if (bus) {
+        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     }
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    return true;
+    return bus;
 }
 
 bool canSomebodyBeAsked()
@@ -114,9 +109,9 @@ bool canSomebodyBeAsked()
     return !variable("DISPLAY").empty() || !variable("WAYLAND_DISPLAY").empty();
 }
 
-SecretAccess accessToItem(TimedCalls &calls, GHashTable *attributes)
+SecretAccess accessToItem(TimedCalls &calls, GDBusConnection *bus, GHashTable *attributes)
 {
-    const auto answer = call(calls, {servicePath, serviceInterface, "SearchItems"},
+    const auto answer = call(calls, bus, {servicePath, serviceInterface, "SearchItems"},
                              g_variant_new("(@a{ss})", dictionaryOf(attributes))); // NOLINT
     if (!hasType(answer, "(aoao)")) {
         return SecretAccess::absent;
@@ -127,10 +122,10 @@ SecretAccess accessToItem(TimedCalls &calls, GHashTable *attributes)
     return isListEmpty(answer.get(), 1) ? SecretAccess::absent : SecretAccess::locked;
 }
 
-SecretAccess accessForNewItem(TimedCalls &calls)
+SecretAccess accessForNewItem(TimedCalls &calls, GDBusConnection *bus)
 {
-    const auto alias =
-        call(calls, {servicePath, serviceInterface, "ReadAlias"}, g_variant_new("(s)", "default")); // NOLINT
+    const auto alias = call(calls, bus, {servicePath, serviceInterface, "ReadAlias"},
+                            g_variant_new("(s)", "default")); // NOLINT
     if (!hasType(alias, "(o)")) {
         return SecretAccess::absent;
     }
@@ -139,7 +134,7 @@ SecretAccess accessForNewItem(TimedCalls &calls)
     if (collection == std::string_view("/")) {
         return SecretAccess::locked; // the user is asked for a new one's password
     }
-    const auto isLocked = call(calls, {collection, propertiesInterface, "Get"},
+    const auto isLocked = call(calls, bus, {collection, propertiesInterface, "Get"},
                                g_variant_new("(ss)", collectionInterface, "Locked")); // NOLINT
     if (!hasType(isLocked, "(v)")) {
         return SecretAccess::absent;

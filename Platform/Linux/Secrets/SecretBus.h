@@ -3,8 +3,6 @@
 
 #include "Platform/Linux/Secrets/TimedCalls.h"
 
-#include <optional>
-
 namespace platform {
 
 using SecretAttributes = GlibPointer<GHashTable>;
@@ -13,9 +11,12 @@ using SecretAttributes = GlibPointer<GHashTable>;
 // in a sandbox that has them so.
 bool areSecretsOnTheBus();
 
-// Connects to the session bus, where there is one, and keeps its end from ending this process. False where it
-// does not answer.
-bool connectToBus(TimedCalls &calls);
+using BusConnection = GlibPointer<GDBusConnection>;
+
+// The session bus, where there is one and it answers; its end does not end this process. To be held as long
+// as the service is asked: a connection that nobody holds is closed, and the next one would be another, which
+// is waited for without a limit, and whose end ends the process.
+[[nodiscard]] BusConnection connectToBus(TimedCalls &calls);
 
 // Whether there is a screen on which the user could be asked.
 bool canSomebodyBeAsked();
@@ -27,8 +28,7 @@ enum class SecretAccess {
     absent, // there is nothing, or nobody answers
 };
 
-// REQUIRES: connectToBus() was true.
-[[nodiscard]] SecretAccess accessToItem(TimedCalls &calls, GHashTable *attributes);
-[[nodiscard]] SecretAccess accessForNewItem(TimedCalls &calls);
+[[nodiscard]] SecretAccess accessToItem(TimedCalls &calls, GDBusConnection *bus, GHashTable *attributes);
+[[nodiscard]] SecretAccess accessForNewItem(TimedCalls &calls, GDBusConnection *bus);
 
 } // namespace platform

@@ -118,21 +118,37 @@ std::string_view bytesOf(const SecretValuePointer &value)
     return {bytes, length};
 }
 
-// Whether the service can be asked, and has time for the user's answer where it needs one.
-bool prepare(TimedCalls &calls, const std::function<SecretAccess()> &access)
+struct Way
 {
-    if (!areSecretsOnTheBus()) {
-        return true;
+    bool isOpen = false;
+    BusConnection bus; // where the way is over the bus
+};
+
+// Whether the service can be asked about the item; it has time for the user's answer where it needs one.
+Way wayTo(TimedCalls &calls, const ItemName &item,
+          const std::function<SecretAccess(GDBusConnection *)> &access)
+{
+    if (!item.isPossible() || !areSecretsOnTheBus()) {
+        return {item.isPossible(), nullptr};
     }
-    if (!connectToBus(calls)) {
-        return false;
-    }
-    const auto found =
-        access(); // changes nothing, so that a call that is not answered cannot take effect later
+    auto bus = connectToBus(calls);
+    // Asking changes nothing, so that a call that is not answered cannot take effect later.
+    const auto found = bus ? access(bus.get()) : SecretAccess::absent;
     if (found == SecretAccess::locked && canSomebodyBeAsked()) {
         calls.extend(patienceWithTheUser);
     }
-    return found != SecretAccess::absent;
+    return {found != SecretAccess::absent, std::move(bus)};
+}
+
+Way wayToOld(TimedCalls &calls, const ItemName &item)
+{
+    return wayTo(calls, item,
+                 [&](GDBusConnection *bus) { return accessToItem(calls, bus, item.attributes()); });
+}
+
+Way wayToNew(TimedCalls &calls, const ItemName &item)
+{
+    return wayTo(calls, item, [&](GDBusConnection *bus) { return accessForNewItem(calls, bus); });
 }
 
 } // namespace
@@ -142,7 +158,8 @@ bool SecretServiceStore::save(std::string_view secret, std::string_view account,
     const std::scoped_lock lock(mutex_);
     const ItemName item(account, service);
     TimedCalls calls(patience);
-    if (!item.isPossible() || !prepare(calls, [&calls] { return accessForNewItem(calls); })) {
+    const auto way = wayToNew(calls, item);
+    if (!way.isOpen) {
         return false;
     }
     const SecretValuePointer value(
@@ -160,7 +177,8 @@ std::optional<SecretText> SecretServiceStore::read(std::string_view account, std
     const std::scoped_lock lock(mutex_);
     const ItemName item(account, service);
     TimedCalls calls(patience);
-    if (!item.isPossible() || !prepare(calls, [&] { return accessToItem(calls, item.attributes()); })) {
+    const auto way = wayToOld(calls, item);
+    if (!way.isOpen) {
         return std::nullopt;
     }
     const auto value = lookUp(calls, item);
@@ -172,7 +190,8 @@ bool SecretServiceStore::remove(std::string_view account, std::string_view servi
     const std::scoped_lock lock(mutex_);
     const ItemName item(account, service);
     TimedCalls calls(patience);
-    if (!item.isPossible() || !prepare(calls, [&] { return accessToItem(calls, item.attributes()); })) {
+    const auto way = wayToOld(calls, item);
+    if (!way.isOpen) {
         return false;
     }
     // Only what is unlocked is removed, and looking something up unlocks it.

@@ -32,6 +32,12 @@ bool makeFolders(const fs::path &folder)
            (mkdir(folder.c_str(), ownerOnly) == 0 || errno == EEXIST);
 }
 
+// As /tmp is, which is root's: closing it would take it away from everybody else.
+bool isShared(const struct stat &folder)
+{
+    return (folder.st_mode & S_ISVTX) != 0;
+}
+
 SqliteStatus statusOfErrno()
 {
     switch (errno) {
@@ -103,7 +109,7 @@ SqliteStatus makePrivateFolder(const fs::path &folder)
         return statusOfErrno();
     }
     const auto status = fileStatus(folder);
-    if (!status || !S_ISDIR(status->st_mode) || status->st_uid != geteuid()) {
+    if (!status || !S_ISDIR(status->st_mode) || status->st_uid != geteuid() || isShared(*status)) {
         return SqliteStatus::denied;
     }
     if ((status->st_mode & permissionBits) != ownerOnly && isWritable(folder / "")) {

@@ -13,7 +13,8 @@
 namespace platform {
 
 // Makes the folder and those above it where they are missing, for the user alone (0700), and closes one of
-// the user's that others can enter. Gives `denied` where it belongs to somebody else.
+// the user's that others can enter. Gives `denied` where it belongs to somebody else, or is one that users
+// share (with the sticky bit).
 SqliteStatus makePrivateFolder(const std::filesystem::path &folder);
 
 // Kept by one process, and by one thread of it, at a time; given back in the end. A file system that has no

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdio>
+#include <system_error>
 #include <utility>
 
 namespace platform {
@@ -49,6 +50,20 @@ template <class Callable> SqliteStatus guarded(const Callable &work)
         return work();
     } catch (const SQLite::Exception &error) {
         return statusOf(error.getErrorCode());
+    }
+}
+
+// Without running it: that would read the whole table.
+bool canBePrepared(const SQLite::Database &database, const std::string &sql)
+{
+    try {
+        const SQLite::Statement statement(database, sql);
+        return true;
+    } catch (const SQLite::Exception &error) {
+        if (error.getErrorCode() != SQLITE_ERROR) {
+            throw;
+        }
+        return false;
     }
 }
 
@@ -161,7 +176,8 @@ SqliteStatus SqliteFile::open()
 SqliteStatus SqliteFile::openLocked()
 {
     const auto existing = fileStatus(file_);
-    if (fs::is_symlink(fs::symlink_status(file_)) || (existing && !isOwnFile(*existing))) {
+    std::error_code unknown; // in a folder that may not be searched
+    if (fs::is_symlink(fs::symlink_status(file_, unknown)) || (existing && !isOwnFile(*existing))) {
         return SqliteStatus::denied;
     }
     // SQLite takes an empty database for a new one, and would remove the log that belonged to it.
@@ -229,11 +245,7 @@ bool SqliteFile::isSound(int version)
         return connection_->numberOf("SELECT count(*) FROM sqlite_schema") == 0;
     }
     const bool isProbed = version == format_.version && !format_.probe.empty();
-    const int code = isProbed ? connection_->database().tryExec(format_.probe) : SQLITE_OK;
-    if (code != SQLITE_OK && code != SQLITE_ERROR) {
-        throw SQLite::Exception(connection_->database().getErrorMsg(), code);
-    }
-    return version > 0 && code == SQLITE_OK;
+    return version > 0 && (!isProbed || canBePrepared(connection_->database(), format_.probe));
 }
 
 void SqliteFile::makeReady()

@@ -14,14 +14,15 @@ public:
     MaskedText(std::string_view first, std::string_view second);
 
     [[nodiscard]] std::string plain() const;
-    [[nodiscard]] bool isAt(const volatile char *memory) const;
+    // To where there is room for it.
+    void writePlain(char *memory) const;
     [[nodiscard]] std::size_t size() const { return masked_.size(); }
 
 private:
     std::string masked_;
 };
 
-// How often it lies in the memory that the process can write.
+// How often it lies in the memory that the process can write and shares with nobody.
 [[nodiscard]] int countInMemory(const MaskedText &text);
 
 // Overwrites it.

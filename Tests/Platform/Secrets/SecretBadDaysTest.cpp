@@ -2,7 +2,9 @@
 
 #include "Platform/Linux/Secrets/SecretServiceStore.h"
 #include "Tests/Platform/Secrets/SecretHome.h"
+#include "Tests/Support/Eventually.h"
 
+#include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusVirtualObject>
 
@@ -10,6 +12,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <thread>
 
 namespace platform {
 
@@ -27,8 +30,13 @@ public:
     QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage & /*message*/, const QDBusConnection & /*connection*/) override
     {
+        isCalled_ = true;
         return true;
     }
+    [[nodiscard]] bool isCalled() const { return isCalled_; }
+
+private:
+    bool isCalled_ = false;
 };
 
 class SecretBadDaysTest : public testing::Test
@@ -101,6 +109,23 @@ TEST_F(SecretBadDaysTest, FailsWithoutAService)
 {
     SecretHome home(SecretHome::Kind::keyring);
     home.endKeyring();
+    expectFailure();
+}
+
+TEST_F(SecretBadDaysTest, OutlivesABusThatEndsWhileItWaits)
+{
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr); // whose events bring the calls
+    SecretHome home(SecretHome::Kind::keyring);
+    home.endKeyring();
+    SilentObject silent;
+    auto service = home.bus().connect();
+    ASSERT_TRUE(service.registerVirtualObject(QStringLiteral("/"), &silent, QDBusConnection::SubPath));
+    ASSERT_TRUE(service.registerService(QStringLiteral("org.freedesktop.secrets")));
+    std::thread waiting([this] { EXPECT_FALSE(store_.read("me", "service")); });
+    EXPECT_TRUE(testsupport::eventually([&silent] { return silent.isCalled(); }));
+    home.endBus();
+    waiting.join();
     expectFailure();
 }
 

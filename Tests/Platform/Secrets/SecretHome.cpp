@@ -1,5 +1,9 @@
 #include "Tests/Platform/Secrets/SecretHome.h"
 
+#include "Tests/Support/Eventually.h"
+
+#include <QDBusConnectionInterface>
+
 #include <gtest/gtest.h>
 
 namespace platform {
@@ -31,6 +35,18 @@ SecretHome::SecretHome(Kind kind)
         startKeyring(testsupport::PrivateKeyring::State::unlocked);
     }
     moveInto(environment);
+}
+
+void SecretHome::endKeyring()
+{
+    keyring_.reset();
+    const auto connection = bus_->connect();
+    EXPECT_TRUE(testsupport::eventually([&connection] {
+        return !connection.interface()
+                    ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))
+                    .value();
+    }));
+    QDBusConnection::disconnectFromBus(connection.name());
 }
 
 void SecretHome::startKeyring(testsupport::PrivateKeyring::State state)

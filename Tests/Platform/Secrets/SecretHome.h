@@ -22,7 +22,8 @@ public:
     [[nodiscard]] testsupport::PrivateBus &bus() { return *bus_; }
     [[nodiscard]] testsupport::PrivateKeyring &keyring() { return *keyring_; }
 
-    void endKeyring() { keyring_.reset(); }
+    // Once the bus has noticed, too.
+    void endKeyring();
     void startKeyring(testsupport::PrivateKeyring::State state);
     void endBus();
 

@@ -1,6 +1,7 @@
 #include "Tests/Platform/Sqlite/SqliteFileTest.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 
@@ -14,6 +15,23 @@ mode_t modeOf(const fs::path &file)
     {};
     return stat(file.c_str(), &status) == 0 ? status.st_mode & 0777U : 0;
 }
+
+// Root may do everything: for as long as this lives the process is another user, to whom the folder belongs.
+class OrdinaryUser
+{
+public:
+    explicit OrdinaryUser(const fs::path &folder)
+    {
+        constexpr uid_t user = 12'345;
+        if (geteuid() == 0) {
+            EXPECT_EQ(chown(folder.c_str(), user, user), 0);
+            EXPECT_EQ(seteuid(user), 0);
+        }
+    }
+    OrdinaryUser(const OrdinaryUser &) = delete;
+    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
+    ~OrdinaryUser() { EXPECT_EQ(seteuid(getuid()), 0); }
+};
 
 TEST_F(SqliteFileTest, KeepsWhatItAcknowledged)
 {
@@ -58,6 +76,59 @@ TEST_F(SqliteFileTest, ClosesAFolderAndAFileThatOthersCouldRead)
     EXPECT_EQ(values(file), (std::multiset{1}));
     EXPECT_EQ(modeOf(folder()), 0700U);
     EXPECT_EQ(modeOf(path()), 0600U);
+}
+
+TEST_F(SqliteFileTest, LeavesAFolderAloneThatUsersShare)
+{
+    fs::create_directory(folder());
+    ASSERT_EQ(chmod(folder().c_str(), 01777), 0);
+    SqliteFile file(path(), format());
+    EXPECT_EQ(insert(file, 1), SqliteStatus::denied);
+    EXPECT_EQ(modeOf(folder()), 0777U);
+    EXPECT_TRUE(names().empty());
+}
+
+TEST_F(SqliteFileTest, SaysSoWhereItsFolderMayNotBeEntered)
+{
+    const OrdinaryUser user(folder().parent_path());
+    {
+        SqliteFile file(path(), format());
+        EXPECT_EQ(insert(file, 1), SqliteStatus::done);
+    }
+    for (const mode_t mode : {0000U, 0100U, 0200U, 0400U, 0600U}) {
+        ASSERT_EQ(chmod(folder().c_str(), mode), 0);
+        SqliteFile file(path(), format());
+        EXPECT_NE(insert(file, 2), SqliteStatus::done) << mode;
+    }
+    ASSERT_EQ(chmod(folder().c_str(), 0700), 0);
+    SqliteFile file(path(), format());
+    EXPECT_EQ(values(file), (std::multiset{1}));
+}
+
+TEST_F(SqliteFileTest, IsReadInAFolderThatMayNotBeWritten)
+{
+    const OrdinaryUser user(folder().parent_path());
+    {
+        SqliteFile file(path(), format());
+        EXPECT_EQ(insert(file, 1), SqliteStatus::done);
+    }
+    ASSERT_EQ(chmod(folder().c_str(), 0500), 0);
+    SqliteFile file(path(), format());
+    EXPECT_EQ(insert(file, 2), SqliteStatus::readOnly);
+    EXPECT_EQ(values(file), (std::multiset{1}));
+    ASSERT_EQ(chmod(folder().c_str(), 0700), 0);
+    EXPECT_EQ(insert(file, 3), SqliteStatus::done);
+    EXPECT_EQ(values(file), (std::multiset{1, 3}));
+}
+
+TEST_F(SqliteFileTest, DoesNotRunTheStatementThatProbesIt)
+{
+    auto probed = format();
+    probed.probe = "INSERT INTO number VALUES (7)";
+    for (int count = 0; count < 2; ++count) {
+        SqliteFile file(path(), probed);
+        EXPECT_EQ(values(file), std::multiset<int>());
+    }
 }
 
 TEST_F(SqliteFileTest, SynchronisesEachCommitOfItsLog)
