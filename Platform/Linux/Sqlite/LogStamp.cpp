@@ -33,7 +33,8 @@ bool LogStamp::isSettled() const
     timespec now{};
     clock_gettime(CLOCK_REALTIME_COARSE, &now); // the clock that files get their times from
     const auto last = std::max(sinceTheEpoch(written_), sinceTheEpoch(changed_));
-    return sinceTheEpoch(now) - last > timeToSettle;
+    const bool isOfWholeSeconds = written_.tv_nsec == 0 && changed_.tv_nsec == 0;
+    return !isOfWholeSeconds && sinceTheEpoch(now) - last > timeToSettle;
 }
 
 } // namespace platform

@@ -18,7 +18,8 @@ public:
     bool operator==(const LogStamp &other) const;
 
     // The last write is so long ago (50 ms) that the next one will have another time: the kernel's clock goes
-    // in steps of some milliseconds. False as well where that time is still to come.
+    // in steps of some milliseconds. False as well where that time is still to come, and where the file
+    // system keeps whole seconds.
     [[nodiscard]] bool isSettled() const;
 
 private:
