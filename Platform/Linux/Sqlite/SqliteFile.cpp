@@ -72,6 +72,13 @@ fs::path beside(fs::path file, const char *ending)
     return file += ending;
 }
 
+fs::path absolutePath(const fs::path &file)
+{
+    std::error_code unknown; // in a folder that is gone
+    const auto path = fs::absolute(file, unknown);
+    return unknown ? file : path;
+}
+
 bool isOwnFile(const struct stat &status)
 {
     return S_ISREG(status.st_mode) && status.st_uid == geteuid();
@@ -101,8 +108,8 @@ std::string uri(const fs::path &file, const char *parameters)
 
 } // namespace
 
-SqliteFile::SqliteFile(fs::path file, SqliteFormat format)
-    : file_(std::move(file))
+SqliteFile::SqliteFile(const fs::path &file, SqliteFormat format)
+    : file_(absolutePath(file))
     , format_(std::move(format))
 {}
 
@@ -116,7 +123,9 @@ SqliteStatus SqliteFile::run(const Work &work)
         status = replaceDamaged();
         status = status == SqliteStatus::done ? attempt(work) : status;
     }
-    return status;
+    // Another process has set the file aside while this one wrote to it.
+    const bool isLost = status == SqliteStatus::done && hasWritten_ && connection_ && connection_->hasMoved();
+    return isLost ? attempt(work) : status;
 }
 
 SqliteStatus SqliteFile::attempt(const Work &work)
@@ -137,14 +146,15 @@ SqliteStatus SqliteFile::attempt(const Work &work)
     return status;
 }
 
-SqliteStatus SqliteFile::runOn(SqliteConnection &connection, const Work &work) const
+SqliteStatus SqliteFile::runOn(SqliteConnection &connection, const Work &work)
 {
     const int changesBefore = connection.database().getTotalChanges();
     const auto status = guarded([&] {
         work(connection);
         return SqliteStatus::done;
     });
-    if (connection.database().getTotalChanges() != changesBefore) {
+    hasWritten_ = connection.database().getTotalChanges() != changesBefore;
+    if (hasWritten_) {
         // The log was written before the disk had it; only now does everybody read what is in it.
         futimens(log_.get(), nullptr);
     }
@@ -250,7 +260,6 @@ bool SqliteFile::isSound(int version)
 
 void SqliteFile::makeReady()
 {
-    connection_->database().exec("PRAGMA journal_mode=WAL"); // stays another where there is no shared memory
     connection_->database().exec("PRAGMA synchronous=FULL");
     const int version = connection_->numberOf("PRAGMA user_version");
     if (version < format_.version) {
@@ -259,6 +268,10 @@ void SqliteFile::makeReady()
             connection_->database().exec("PRAGMA user_version=" + std::to_string(format_.version));
         });
     }
+    // Last, as a file that the upgrade refuses stays as it is. The journal stays another one where there is
+    // no shared memory.
+    connection_->database().exec("PRAGMA journal_mode=WAL");
+    static_cast<void>(connection_->numberOf("PRAGMA user_version")); // the first look at it makes the log
 }
 
 // Another process may have found the damage too, and have been faster.

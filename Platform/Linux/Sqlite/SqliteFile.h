@@ -40,13 +40,15 @@ class SqliteFile
 public:
     using Work = std::function<void(SqliteConnection &)>;
 
-    SqliteFile(std::filesystem::path file, SqliteFormat format);
+    // A relative path counts from the folder that is the current one now.
+    SqliteFile(const std::filesystem::path &file, SqliteFormat format);
     SqliteFile(const SqliteFile &) = delete;
     SqliteFile &operator=(const SqliteFile &) = delete;
     ~SqliteFile();
 
     // Runs the work, which may throw SQLite::Exception, and says how it went. Work that finds the file
-    // damaged is run once more, with a fresh one. Nothing is thrown by this.
+    // damaged, or has written to one that was set aside meanwhile, is run once more, with a fresh one.
+    // Nothing is thrown by this.
     SqliteStatus run(const Work &work);
 
     // What was read after a stamp was taken that is settled holds as long as the stamp is the same: a write
@@ -66,7 +68,7 @@ private:
     bool isSound(int version);
     void makeReady();
     SqliteStatus replaceDamaged();
-    SqliteStatus runOn(SqliteConnection &connection, const Work &work) const;
+    SqliteStatus runOn(SqliteConnection &connection, const Work &work);
     void close();
 
     const std::filesystem::path file_;
@@ -76,6 +78,7 @@ private:
     FileDescriptor log_; // no lock is held on the log, so that this may be closed
     ino_t inode_ = 0;    // of the file that was opened last
     bool isReadOnly_ = false;
+    bool hasWritten_ = false; // by the last work
 };
 
 } // namespace platform

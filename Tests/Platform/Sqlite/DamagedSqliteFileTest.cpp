@@ -75,6 +75,23 @@ TEST_F(DamagedSqliteFileTest, SetsAsideWhatProvesDamagedInUse)
     EXPECT_EQ(values(rescued).size(), 5001U);
 }
 
+TEST_F(DamagedSqliteFileTest, WritesOnceMoreWhereTheFileWasSetAsideMeanwhile)
+{
+    SqliteFile file(path(), format());
+    int attempts = 0;
+    EXPECT_EQ(file.run([&](SqliteConnection &connection) {
+        connection.database().exec("INSERT INTO number VALUES (7)");
+        if (++attempts == 1) { // as another process does it that has found damage
+            for (const auto &name : names()) {
+                fs::rename(folder() / name, folder() / ("moved " + name));
+            }
+        }
+    }),
+              SqliteStatus::done);
+    EXPECT_EQ(attempts, 2);
+    EXPECT_EQ(values(file), (std::multiset{7}));
+}
+
 TEST_F(DamagedSqliteFileTest, KeepsTheLogOfADatabaseThatWasEmptied)
 {
     write(path(), "");
