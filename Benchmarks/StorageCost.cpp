@@ -177,6 +177,16 @@ double loadTimeAfter(const std::function<void(const AppPreferences &)> &saveElse
     return median(times);
 }
 
+// Of an object that is kept, as ours is, and that looks for what other programs have saved, as ours does.
+double yardstickLoadTime(const QString &file)
+{
+    QSettings settings(file, QSettings::IniFormat);
+    return loadTime([&settings] {
+        settings.sync();
+        return loadWith(settings);
+    });
+}
+
 AppPreferences loadFrom(const QString &settingsFile)
 {
     QSettings settings(settingsFile, QSettings::IniFormat);
@@ -232,16 +242,19 @@ std::vector<Row> storageRows()
     std::vector<Row> rows{saveRow(stores)};
     stores.fill(fewKeys);
     rows.push_back(ratioRow("load of the preferences", loadTime([&stores] { return stores.load(); }),
-                            loadTime([&file] { return loadFrom(file); }), "us", 0.2));
+                            yardstickLoadTime(file), "us", 0.2));
     const double withFewKeys = loadTimeAfterAnother(stores);
     const double theirs = yardstickTimeAfterAnother(file);
     rows.push_back(
         plainRow("  after another program has saved", figure(withFewKeys, "us"), figure(theirs, "us")));
+    const double firstWithFewKeys = firstLoadTime(stores);
     rows.push_back(
-        plainRow("  with the file opened for it", figure(firstLoadTime(stores), "us"), figure(theirs, "us")));
+        plainRow("  with the file opened for it", figure(firstWithFewKeys, "us"), figure(theirs, "us")));
     stores.fill(manyKeys);
     rows.push_back(ratioRow("load after another's save, 100,000 other keys beside 10",
                             loadTimeAfterAnother(stores), withFewKeys, "us", 1.25));
+    rows.push_back(
+        ratioRow("  with the file opened for it", firstLoadTime(stores), firstWithFewKeys, "us", 1.25));
     return rows;
 }
 
