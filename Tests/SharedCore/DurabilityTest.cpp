@@ -90,7 +90,9 @@ UsageStats statsOf(std::int64_t number)
 {
     for (RealStorage storage;; ++number) {
         storage->set(statsOf(number), "usage");
-        tell(number);
+        if (storage->get<UsageStats>("usage") == statsOf(number)) { // the call itself does not answer
+            tell(number);
+        }
     }
 }
 

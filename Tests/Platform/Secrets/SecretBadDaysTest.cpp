@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <csignal>
 #include <thread>
 
@@ -19,9 +18,6 @@ namespace platform {
 namespace {
 
 using testsupport::PrivateKeyring;
-
-// D-Bus itself waits 25 s for an answer. What fails earlier has not waited for D-Bus.
-constexpr std::chrono::seconds patienceOfTheBus(25);
 
 // Takes calls, and never answers one.
 class SilentObject final : public QDBusVirtualObject
@@ -44,14 +40,9 @@ class SecretBadDaysTest : public testing::Test
 protected:
     void expectFailure()
     {
-        const auto start = std::chrono::steady_clock::now();
         EXPECT_FALSE(store_.save("other", "me", "service"));
         EXPECT_FALSE(store_.read("me", "service"));
         EXPECT_FALSE(store_.remove("me", "service"));
-        const auto time = std::chrono::steady_clock::now() - start;
-        EXPECT_LT(time, patienceOfTheBus);
-        RecordProperty("milliseconds",
-                       std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(time).count()));
     }
 
     SecretServiceStore store_;
