@@ -20,28 +20,6 @@ namespace fs = std::filesystem;
 
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 constexpr mode_t permissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
-constexpr int primaryCodeBits = 0xFF;
-
-SqliteStatus statusOf(int code)
-{
-    switch (code & primaryCodeBits) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return SqliteStatus::busy;
-    case SQLITE_FULL:
-        return SqliteStatus::full;
-    case SQLITE_READONLY:
-        return SqliteStatus::readOnly;
-    case SQLITE_PERM:
-    case SQLITE_AUTH:
-        return SqliteStatus::denied;
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        return SqliteStatus::damaged;
-    default:
-        return SqliteStatus::failed;
-    }
-}
 
 // What the work throws, as a value.
 template <class Callable> SqliteStatus guarded(const Callable &work)

@@ -14,4 +14,7 @@ enum class SqliteStatus {
     failed,   // the disk or the system refused
 };
 
+// What one of SQLite's result codes means (https://www.sqlite.org/rescode.html).
+[[nodiscard]] SqliteStatus statusOf(int code);
+
 } // namespace platform
