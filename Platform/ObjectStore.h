@@ -65,10 +65,11 @@ struct OpenedObjectStore
     std::unique_ptr<ObjectStore> store; // nothing unless the status is `done`
 };
 
-// Opens the store in the file, making it and its folder where they are missing (0600, 0700). Tables that the
-// file lacks are made, columns that it lacks are added and filled with their initial values; tables beside
-// those of the schema are left alone. A file is newer than the schema where its version is, or where one of
-// the tables has a column that the schema lacks.
+// Opens the store in the file, making it and its folder where they are missing (0600, 0700; a folder that is
+// there becomes the user's alone too, so it should hold nothing else, and a path without one is refused).
+// Tables that the file lacks are made, columns that it lacks are added and filled with their initial values;
+// tables beside those of the schema are left alone. A file is newer than the schema where its version is, or
+// where one of the tables has a column that the schema lacks.
 //
 // A file that is no database, or a damaged one, is set aside under a dated name with all that belongs to it,
 // and a fresh one is begun, whenever the damage is found: at the opening or later. Any thread.

@@ -50,13 +50,6 @@ fs::path beside(fs::path file, const char *ending)
     return file += ending;
 }
 
-fs::path absolutePath(const fs::path &file)
-{
-    std::error_code unknown; // in a folder that is gone
-    const auto path = fs::absolute(file, unknown);
-    return unknown ? file : path;
-}
-
 bool isOwnFile(const struct stat &status)
 {
     return S_ISREG(status.st_mode) && status.st_uid == geteuid();
@@ -86,8 +79,8 @@ std::string uri(const fs::path &file, const char *parameters)
 
 } // namespace
 
-SqliteFile::SqliteFile(const fs::path &file, SqliteFormat format)
-    : file_(absolutePath(file))
+SqliteFile::SqliteFile(fs::path file, SqliteFormat format)
+    : file_(std::move(file))
     , format_(std::move(format))
 {}
 
@@ -101,9 +94,23 @@ SqliteStatus SqliteFile::run(const Work &work)
         status = replaceDamaged();
         status = status == SqliteStatus::done ? attempt(work) : status;
     }
-    // Another process has set the file aside while this one wrote to it.
-    const bool isLost = status == SqliteStatus::done && hasWritten_ && connection_ && connection_->hasMoved();
-    return isLost ? attempt(work) : status;
+    if (status == SqliteStatus::done && hasWritten_ && isOutOfPlace()) {
+        connection_->setLeavesFilesAlone(true);
+        close(); // opening it again waits for the process that sets it aside
+        status = attempt(work);
+    }
+    return status;
+}
+
+// The log is moved first, then the database.
+bool SqliteFile::isOutOfPlace() const
+{
+    struct stat open
+    {};
+    const auto named = fileStatus(beside(file_, "-wal"));
+    const bool hasLogMoved =
+        log_.isOpen() && fstat(log_.get(), &open) == 0 && (!named || named->st_ino != open.st_ino);
+    return hasLogMoved || (connection_ && connection_->hasMoved());
 }
 
 SqliteStatus SqliteFile::attempt(const Work &work)

@@ -40,8 +40,8 @@ class SqliteFile
 public:
     using Work = std::function<void(SqliteConnection &)>;
 
-    // A relative path counts from the folder that is the current one now.
-    SqliteFile(const std::filesystem::path &file, SqliteFormat format);
+    // REQUIRES: the path names a folder, which becomes the user's alone. It is not used where it does not.
+    SqliteFile(std::filesystem::path file, SqliteFormat format);
     SqliteFile(const SqliteFile &) = delete;
     SqliteFile &operator=(const SqliteFile &) = delete;
     ~SqliteFile();
@@ -60,6 +60,7 @@ public:
 
 private:
     SqliteStatus attempt(const Work &work);
+    [[nodiscard]] bool isOutOfPlace() const;
     SqliteStatus open();
     SqliteStatus openLocked();
     SqliteStatus openForWriting();

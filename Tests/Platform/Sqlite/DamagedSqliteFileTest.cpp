@@ -77,19 +77,26 @@ TEST_F(DamagedSqliteFileTest, SetsAsideWhatProvesDamagedInUse)
 
 TEST_F(DamagedSqliteFileTest, WritesOnceMoreWhereTheFileWasSetAsideMeanwhile)
 {
-    SqliteFile file(path(), format());
-    int attempts = 0;
-    EXPECT_EQ(file.run([&](SqliteConnection &connection) {
-        connection.database().exec("INSERT INTO number VALUES (7)");
-        if (++attempts == 1) { // as another process does it that has found damage
-            for (const auto &name : names()) {
-                fs::rename(folder() / name, folder() / ("moved " + name));
+    // As another process does it that has found damage: the log first, then the database.
+    const auto log = path().string() + "-wal";
+    for (const int renames : {1, 2}) {
+        SqliteFile file(path(), format());
+        int attempts = 0;
+        EXPECT_EQ(file.run([&](SqliteConnection &connection) {
+            connection.database().exec("INSERT INTO number VALUES (" + std::to_string(10'000 + renames) +
+                                       ")");
+            if (++attempts == 1) {
+                fs::rename(log, folder() / "moved-wal");
             }
-        }
-    }),
-              SqliteStatus::done);
-    EXPECT_EQ(attempts, 2);
-    EXPECT_EQ(values(file), (std::multiset{7}));
+            if (attempts == 1 && renames == 2) {
+                fs::rename(path(), folder() / "moved");
+            }
+        }),
+                  SqliteStatus::done);
+        EXPECT_EQ(attempts, 2);
+        SqliteFile other(path(), format());
+        EXPECT_EQ(values(other).count(10'000 + renames), 1U);
+    }
 }
 
 TEST_F(DamagedSqliteFileTest, KeepsTheLogOfADatabaseThatWasEmptied)
