@@ -3,6 +3,7 @@
 
 #include "App/StirraEngine.h"
 #include "Tests/Fakes/FakePlatform.h"
+#include "Tests/Support/QtPrinting.h"
 
 #include <gmock/gmock.h>
 
@@ -11,11 +12,6 @@
 #include <vector>
 
 // GoogleTest prints texts that it can read.
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
 namespace stirra {
 
 class EngineTest : public testing::Test

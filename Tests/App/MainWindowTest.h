@@ -4,6 +4,7 @@
 #include "App/AppDelegate.h"
 #include "App/StirraEngine.h"
 #include "Tests/Fakes/FakePlatform.h"
+#include "Tests/Support/QtPrinting.h"
 
 #include <QImage>
 #include <QQuickItem>
@@ -11,16 +12,6 @@
 #include <QStringList>
 
 #include <gmock/gmock.h>
-
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
-inline void PrintTo(const QRectF &rect, std::ostream *stream)
-{
-    *stream << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x' << rect.height();
-}
 
 namespace stirra {
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Tests/Fakes/FakePlatform.h"
+#include "Tests/Support/QtPrinting.h"
 
 #include <QImage>
 #include <QQuickItem>
@@ -10,16 +11,6 @@
 #include <gmock/gmock.h>
 
 #include <memory>
-
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
-
-inline void PrintTo(const QColor &color, std::ostream *stream)
-{
-    *stream << color.name(QColor::HexArgb).toStdString();
-}
 
 namespace sharedui {
 
