@@ -12,14 +12,24 @@ namespace platform {
 struct AppearanceValues
 {
     bool isDark = false;
-    std::optional<QColor> accent; // nothing where the desktop names none
-    QString fontFamily;           // empty where the desktop names none
-    QString fixedFontFamily;      // empty where the desktop names none
+    std::optional<QColor> accent = {}; // nothing where the desktop names none
+    QString fontFamily = {};           // empty where the desktop names none
+    QString fixedFontFamily = {};      // empty where the desktop names none
+    bool reducesMotion = false;
+    bool reducesTransparency = false;
 
     bool operator==(const AppearanceValues &) const = default;
 };
 
-// Main thread. Follows the desktop for as long as it lives.
+// What the user wants of one program, over what the desktop says.
+struct AppearancePreferences
+{
+    std::optional<bool> isDark = {}; // nothing: as the desktop is
+    bool reducesMotion = false;
+    bool reducesTransparency = false;
+};
+
+// Main thread. Follows the desktop, and what the program prefers over it, for as long as it lives.
 class Appearance : public QObject
 {
     Q_OBJECT
@@ -33,14 +43,22 @@ public:
     // first frame in the wrong appearance would flash.
     virtual void awaitFirstAnswer() {}
 
+    // In place of what was preferred before. Other programs do not notice.
+    void prefer(const AppearancePreferences &preferences);
+
 Q_SIGNALS:
     // After values() changed.
     void changed();
 
 protected:
+    // What the desktop says.
     void setValues(const AppearanceValues &values);
 
 private:
+    void update();
+
+    AppearanceValues desktop_;
+    AppearancePreferences preferences_;
     AppearanceValues values_;
 };
 

@@ -3,7 +3,7 @@ import Toolkit
 
 // A filled button in the accent colour that shrinks to 95 % with a slight spring while the pointer holds it down, even
 // where it has moved away. `action` runs once for each completed click, by pointer, key or assistive technology,
-// whatever the spring does.
+// whatever the spring does. It keeps its size where the user wants less motion.
 FocusScope {
     id: root
 
@@ -20,7 +20,7 @@ FocusScope {
     Spring {
         id: spring
 
-        target: root.isPressed ? 0.95 : 1
+        target: root.isPressed && !SystemStyle.reducesMotion ? 0.95 : 1
         response: 0.3
         dampingFraction: 0.6
     }

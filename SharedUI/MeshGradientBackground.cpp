@@ -22,6 +22,7 @@ MeshGradientBackground::MeshGradientBackground(QQuickItem *parent)
     setFlag(ItemHasContents);
     setClip(true);
     connect(&style_, &toolkit::SystemStyle::changed, this, &MeshGradientBackground::colorsChanged);
+    connect(&style_, &toolkit::SystemStyle::changed, this, &MeshGradientBackground::updateClock);
     connect(this, &MeshGradientBackground::colorsChanged, this, [this] { update(); });
     connect(this, &MeshGradientBackground::speedChanged, this, [this] { update(); });
 }
@@ -99,7 +100,7 @@ bool MeshGradientBackground::eventFilter(QObject *watched, QEvent *event)
 bool MeshGradientBackground::isMoving() const
 {
     const bool isShown = isVisible() && watched_ && watched_->isExposed();
-    return isShown && !size().isEmpty() && speed_ != 0 && std::isfinite(speed_);
+    return isShown && !size().isEmpty() && !style_.reducesMotion() && speed_ != 0 && std::isfinite(speed_);
 }
 
 void MeshGradientBackground::updateClock()

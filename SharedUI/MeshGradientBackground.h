@@ -20,7 +20,8 @@ namespace sharedui {
 // Fills a window behind other content, up to its edges. The picture depends on the fields, the size and the
 // date alone: two of the same fields show the same at the same moment. It is drawn up to 60 times a second
 // (every 0.016 s) while it is shown, and costs nothing while it is invisible, or its window is hidden or
-// covered, or its speed is 0, when it stands still. Drawn without shaders. Main thread.
+// covered, or its speed is 0 or the user wants less motion, when it stands still. Drawn without shaders. Main
+// thread.
 class MeshGradientBackground : public QQuickItem
 {
     Q_OBJECT

@@ -5,6 +5,8 @@ import Toolkit
 // layers lie in this order: a shadow (black at 15 %, 4 points lower), the ultra-thin material, a white sheen from the
 // top-leading to the bottom-trailing corner, the border, the content.
 //
+// Where the user wants less transparency the material is opaque, whatever its opacity.
+//
 // The shadow is that of the card's outline and is drawn around it only, as the translucent card would be darkened by
 // what is below.
 Item {
@@ -38,7 +40,7 @@ Item {
         anchors.fill: parent
         radius: root.cornerRadius
         color: SystemStyle.ultraThinMaterial
-        opacity: root.materialOpacity
+        opacity: SystemStyle.reducesTransparency ? 1 : root.materialOpacity
     }
 
     RoundedRectangle {

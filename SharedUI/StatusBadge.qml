@@ -5,7 +5,8 @@ import Toolkit
 // processing) pulses between 100 % and 110 % of its size, a second each way, for as long as the badge is shown.
 //
 // The pulse is decided when the badge appears, which is when it becomes visible in a window. One that turns live later
-// does not pulse until it appears anew; one that is live no more stays at 110 %, at rest.
+// does not pulse until it appears anew; one that is live no more stays at 110 %, at rest. Where the user wants less
+// motion nothing pulses; when that ends a badge that is shown counts as appearing anew.
 Item {
     id: root
 
@@ -23,6 +24,7 @@ Item {
     readonly property bool isPulsing: pulse.isPulsing // set by an appearance, and never reset
     readonly property color color: colorOf(status)
     readonly property string icon: iconOf(status)
+    readonly property bool mayMove: !SystemStyle.reducesMotion
     readonly property bool isLive: status === StatusBadge.Active || status === StatusBadge.Processing
     readonly property bool isShown: visible && Window.window !== null && Window.window.visible
 
@@ -30,6 +32,7 @@ Item {
     implicitHeight: row.implicitHeight + 2 * 5
 
     onIsShownChanged: isShown ? pulse.appear() : pulse.stop()
+    onMayMoveChanged: mayMove && isShown ? pulse.appear() : pulse.reset()
     onIsLiveChanged: if (!isLive)
         pulse.stop()
 
@@ -103,10 +106,16 @@ Item {
         onStopped: symbol.scale = isPulsing ? 1.1 : 1
 
         function appear(): void {
-            if (!root.isLive)
+            if (!root.isLive || !root.mayMove)
                 return;
             isPulsing = true;
             start();
+        }
+
+        function reset(): void {
+            isPulsing = false;
+            stop();
+            symbol.scale = 1;
         }
 
         PulseHalf {

@@ -8,7 +8,7 @@ namespace toolkit {
 
 namespace {
 
-const platform::AppearanceValues &desktop()
+const platform::AppearanceValues &wanted()
 {
     return platform::Platform::current().appearance().values();
 }
@@ -20,6 +20,14 @@ QFont fontOf(const QString &family, int pixelSize, int weight)
     font.setWeight(static_cast<QFont::Weight>(weight));
     font.setStyleStrategy(QFont::PreferNoShaping);
     return font;
+}
+
+QColor over(const QColor &top, const QColor &ground)
+{
+    const float alpha = top.alphaF();
+    const auto mix = [alpha](float upper, float lower) { return upper * alpha + lower * (1 - alpha); };
+    return QColor::fromRgbF(mix(top.redF(), ground.redF()), mix(top.greenF(), ground.greenF()),
+                            mix(top.blueF(), ground.blueF()));
 }
 
 } // namespace
@@ -38,7 +46,17 @@ QColor SystemStyle::choose(QRgb light, QRgb dark) const
 
 bool SystemStyle::isDark() const
 {
-    return desktop().isDark;
+    return wanted().isDark;
+}
+
+bool SystemStyle::reducesMotion() const
+{
+    return wanted().reducesMotion;
+}
+
+bool SystemStyle::reducesTransparency() const
+{
+    return wanted().reducesTransparency;
 }
 
 QColor SystemStyle::red() const
@@ -78,7 +96,7 @@ QColor SystemStyle::gray() const
 
 QColor SystemStyle::accent() const
 {
-    return desktop().accent.value_or(blue());
+    return wanted().accent.value_or(blue());
 }
 
 QColor SystemStyle::label() const
@@ -101,14 +119,19 @@ QColor SystemStyle::windowBackground() const
     return choose(0xFFECECEC, 0xFF232323);
 }
 
+QColor SystemStyle::material(const QColor &translucent) const
+{
+    return reducesTransparency() ? over(translucent, windowBackground()) : translucent;
+}
+
 QColor SystemStyle::ultraThinMaterial() const
 {
-    return choose(0x99FFFFFF, 0x14FFFFFF);
+    return material(choose(0x99FFFFFF, 0x14FFFFFF));
 }
 
 QColor SystemStyle::barMaterial() const
 {
-    return choose(0xB3FFFFFF, 0x0FFFFFFF);
+    return material(choose(0xB3FFFFFF, 0x0FFFFFFF));
 }
 
 QFont SystemStyle::font(int pixelSize, int weight) const
@@ -123,13 +146,13 @@ QFont SystemStyle::monospacedFont(int pixelSize, int weight) const
 
 QString SystemStyle::fontFamily() const
 {
-    const auto family = desktop().fontFamily;
+    const auto family = wanted().fontFamily;
     return family.isEmpty() ? QStringLiteral("Inter") : family;
 }
 
 QString SystemStyle::monospacedFamily() const
 {
-    const auto family = desktop().fixedFontFamily;
+    const auto family = wanted().fixedFontFamily;
     return family.isEmpty() ? QFontDatabase::systemFont(QFontDatabase::FixedFont).family() : family;
 }
 

@@ -19,6 +19,10 @@ class SystemStyle : public QObject
     QML_SINGLETON
 
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    // What moves by itself, or for show, then stands still; what it leads to stays.
+    Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    // The materials are opaque then.
+    Q_PROPERTY(bool reducesTransparency READ reducesTransparency NOTIFY changed)
 
     Q_PROPERTY(QColor red READ red NOTIFY changed)
     Q_PROPERTY(QColor green READ green NOTIFY changed)
@@ -34,8 +38,8 @@ class SystemStyle : public QObject
     Q_PROPERTY(QColor separator READ separator NOTIFY changed)
     Q_PROPERTY(QColor windowBackground READ windowBackground NOTIFY changed)
 
-    // Translucent: laid over the window background they are what the materials look like on a window without
-    // anything else behind them.
+    // Translucent, unless transparency is reduced: laid over the window background they are what the
+    // materials look like on a window without anything else behind them.
     Q_PROPERTY(QColor ultraThinMaterial READ ultraThinMaterial NOTIFY changed)
     Q_PROPERTY(QColor barMaterial READ barMaterial NOTIFY changed)
 
@@ -46,6 +50,8 @@ public:
     explicit SystemStyle(QObject *parent = nullptr);
 
     [[nodiscard]] bool isDark() const;
+    [[nodiscard]] bool reducesMotion() const;
+    [[nodiscard]] bool reducesTransparency() const;
 
     [[nodiscard]] QColor red() const;
     [[nodiscard]] QColor green() const;
@@ -77,6 +83,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] QColor choose(QRgb light, QRgb dark) const;
+    [[nodiscard]] QColor material(const QColor &translucent) const;
 };
 
 } // namespace toolkit

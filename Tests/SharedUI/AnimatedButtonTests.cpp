@@ -118,6 +118,19 @@ TEST_F(AnimatedButtonTest, StaysAt95PercentWhileItIsHeldAndReturns)
     EXPECT_TRUE(eventually([this] { return scale() == 1; }));
 }
 
+TEST_F(AnimatedButtonTest, KeepsItsSizeWhereTheUserWantsLessMotion)
+{
+    platform.appearance().prefer({.reducesMotion = true});
+    showButton();
+    const auto where = middle();
+    press();
+    EXPECT_TRUE(isPressed());
+    testsupport::letPass(std::chrono::milliseconds(50));
+    EXPECT_EQ(scale(), 1);
+    release(where);
+    EXPECT_EQ(count(), 1);
+}
+
 TEST_F(AnimatedButtonTest, SpringsBeyondItsSizeOnItsWay)
 {
     const auto &button = showButton();

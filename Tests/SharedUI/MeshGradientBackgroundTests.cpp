@@ -181,6 +181,15 @@ TEST_F(MeshGradientBackgroundTest, HasNoClockForASpeedThatIsNoNumberOrNone)
     EXPECT_FALSE(picture().isNull());
 }
 
+TEST_F(MeshGradientBackgroundTest, StandsStillWhereTheUserWantsLessMotion)
+{
+    showBackground();
+    platform.appearance().prefer({.reducesMotion = true});
+    EXPECT_EQ(clocks(), 0U);
+    platform.appearance().prefer({});
+    EXPECT_EQ(clocks(), 1U);
+}
+
 TEST_F(MeshGradientBackgroundTest, LeavesNoClockBehind)
 {
     showBackground();

@@ -84,6 +84,15 @@ TEST_F(ModernCardViewTest, ItsMaterialIsAsOpaqueAsToldInBothAppearances)
     }
 }
 
+TEST_F(ModernCardViewTest, IsOpaqueWhereTheUserWantsLessTransparency)
+{
+    platform.appearance().prefer({.reducesTransparency = true});
+    showCard();
+    const auto onBlack = colorAt(picture(), 100, 100);
+    view.setColor(Qt::red);
+    EXPECT_EQ(colorAt(picture(), 100, 100), onBlack);
+}
+
 TEST_F(ModernCardViewTest, ItsBorderStandsOnItsOutlineAndIsAGradient)
 {
     showCard("materialOpacity: 0; shadowRadius: 0;");

@@ -196,6 +196,18 @@ TEST_F(StatusBadgeTest, ItsPulseStandsStillWhileItIsNotShown)
     EXPECT_TRUE(pulsesOnAndOn());
 }
 
+TEST_F(StatusBadgeTest, StandsStillWhereTheUserWantsLessMotion)
+{
+    platform.appearance().prefer({.reducesMotion = true});
+    show(badge("Active"));
+    EXPECT_FALSE(isPulsing());
+    platform.appearance().prefer({});
+    EXPECT_TRUE(pulsesOnAndOn());
+    platform.appearance().prefer({.reducesMotion = true});
+    EXPECT_FALSE(isPulsing());
+    EXPECT_EQ(scale(), 1);
+}
+
 TEST_F(StatusBadgeTest, ANumberThatIsNoStatusIsInactive)
 {
     const auto &badge = show("StatusBadge { status: 17; text: '' }");

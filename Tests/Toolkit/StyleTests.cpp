@@ -67,15 +67,6 @@ TEST(SystemStyle, TellsItsViewsWhenTheDesktopChanges)
     EXPECT_EQ(style.monospacedFamily(), QStringLiteral("Mono A"));
 }
 
-double luminance(const QColor &color)
-{
-    const auto linear = [](float part) {
-        const double value = part;
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
 QColor over(const QColor &top, const QColor &bottom)
 {
     const auto mix = [&](float upper, float lower) {
@@ -83,6 +74,58 @@ QColor over(const QColor &top, const QColor &bottom)
     };
     return QColor::fromRgbF(mix(top.redF(), bottom.redF()), mix(top.greenF(), bottom.greenF()),
                             mix(top.blueF(), bottom.blueF()));
+}
+
+TEST(SystemStyle, FollowsWhatTheProgramPrefersOverTheDesktop)
+{
+    fakes::FakePlatform platform;
+    const SystemStyle style;
+    int changes = 0;
+    QObject::connect(&style, &SystemStyle::changed, &style, [&] { ++changes; });
+    platform.appearance().prefer({.isDark = true, .reducesMotion = true});
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(style.isDark());
+    EXPECT_TRUE(style.reducesMotion());
+    platform.appearance().set({false, QColor(Qt::green), {}, {}});
+    EXPECT_TRUE(style.isDark());
+    EXPECT_EQ(style.accent(), QColor(Qt::green));
+    platform.appearance().prefer({});
+    EXPECT_FALSE(style.isDark());
+    EXPECT_FALSE(style.reducesMotion());
+}
+
+TEST(SystemStyle, ReducesWhereTheDesktopOrTheProgramWantsIt)
+{
+    fakes::FakePlatform platform;
+    const SystemStyle style;
+    platform.appearance().set({.reducesMotion = true, .reducesTransparency = true});
+    platform.appearance().prefer({.reducesMotion = false});
+    EXPECT_TRUE(style.reducesMotion());
+    EXPECT_TRUE(style.reducesTransparency());
+}
+
+TEST(SystemStyle, ItsMaterialsBecomeOpaqueAndLookTheSameOverTheWindow)
+{
+    fakes::FakePlatform platform;
+    const SystemStyle style;
+    for (const bool isDark : {false, true}) {
+        platform.appearance().prefer({.isDark = isDark});
+        const auto window = style.windowBackground();
+        const auto thin = over(style.ultraThinMaterial(), window);
+        const auto bar = over(style.barMaterial(), window);
+        platform.appearance().prefer({.isDark = isDark, .reducesTransparency = true});
+        EXPECT_EQ(style.ultraThinMaterial().rgba(), thin.rgba()) << isDark;
+        EXPECT_EQ(style.barMaterial().rgba(), bar.rgba()) << isDark;
+    }
+}
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](float part) {
+        const double value = part;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 // The contrast of WCAG 2.1 (relative luminances, plus 0.05 for the light of the room).
