@@ -44,16 +44,9 @@ FocusScope {
         onTapped: root.clicked()
     }
 
-    Loader {
+    FocusRing {
         anchors.fill: parent
-        anchors.margins: -3
         active: root.activeFocus
-        z: 1
-
-        sourceComponent: RoundedRectangle {
-            radius: root.radius + 3
-            strokeColor: Qt.alpha(SystemStyle.accent, 0.6)
-            strokeWidth: 2
-        }
+        radius: root.radius
     }
 }

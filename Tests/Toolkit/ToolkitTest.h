@@ -25,6 +25,7 @@ protected:
 
     // The item below the shown one of that object name.
     [[nodiscard]] QQuickItem &item(const char *name) const;
+    [[nodiscard]] QQuickItem &shown() const { return *shown_; }
     void press(int key);
     void click(const QPoint &point);
     [[nodiscard]] QImage picture() { return view.grabWindow(); }
