@@ -1,12 +1,13 @@
 import QtQuick
 import Toolkit
 
-// A vertical scroll view without indicators. It scrolls by wheel, touch and the Page and arrow keys, and keeps the
-// item that has the keyboard's focus in view.
+// A vertical scroll view, without an indicator unless told otherwise. It scrolls by wheel, touch and the Page and arrow
+// keys, and keeps the item that has the keyboard's focus in view.
 Flickable {
     id: root
 
     default property alias content: holder.data
+    property bool isIndicatorShown: false // where there is something to scroll
     readonly property Item focusedItem: Window.activeFocusItem
 
     contentWidth: width
@@ -58,5 +59,31 @@ Flickable {
 
         width: root.width
         height: childrenRect.height
+    }
+
+    RoundedRectangle {
+        objectName: "indicator"
+        parent: root
+        anchors.right: parent.right
+        anchors.rightMargin: 2
+        y: root.visibleArea.yPosition * root.height + 2
+        z: 1
+        visible: root.isIndicatorShown && root.contentHeight > root.height
+        width: 6
+        height: root.visibleArea.heightRatio * root.height - 4
+        radius: width / 2
+        color: SystemStyle.secondaryLabel
+        opacity: drag.active ? 1 : 0.6
+
+        DragHandler {
+            id: drag
+
+            property real start: 0
+
+            target: null
+            margin: 4
+            onActiveChanged: start = root.contentY
+            onActiveTranslationChanged: root.scrollTo(start + activeTranslation.y / root.visibleArea.heightRatio)
+        }
     }
 }

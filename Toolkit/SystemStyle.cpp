@@ -119,6 +119,21 @@ QColor SystemStyle::windowBackground() const
     return choose(0xFFECECEC, 0xFF232323);
 }
 
+QColor SystemStyle::controlTrack() const
+{
+    return choose(0x1A000000, 0x1FFFFFFF);
+}
+
+QColor SystemStyle::controlFace() const
+{
+    return choose(0xFFFFFFFF, 0xFF6C6C6F);
+}
+
+QColor SystemStyle::groupBackground() const
+{
+    return choose(0x08000000, 0x0AFFFFFF);
+}
+
 QColor SystemStyle::material(const QColor &translucent) const
 {
     return reducesTransparency() ? over(translucent, windowBackground()) : translucent;

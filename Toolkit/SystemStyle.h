@@ -38,6 +38,12 @@ class SystemStyle : public QObject
     Q_PROPERTY(QColor separator READ separator NOTIFY changed)
     Q_PROPERTY(QColor windowBackground READ windowBackground NOTIFY changed)
 
+    // What controls are made of: the ground of a switch or of segments, the face that is raised above it, and
+    // the ground of what belongs together.
+    Q_PROPERTY(QColor controlTrack READ controlTrack NOTIFY changed)
+    Q_PROPERTY(QColor controlFace READ controlFace NOTIFY changed)
+    Q_PROPERTY(QColor groupBackground READ groupBackground NOTIFY changed)
+
     // Translucent, unless transparency is reduced: laid over the window background they are what the
     // materials look like on a window without anything else behind them.
     Q_PROPERTY(QColor ultraThinMaterial READ ultraThinMaterial NOTIFY changed)
@@ -66,6 +72,9 @@ public:
     [[nodiscard]] QColor secondaryLabel() const;
     [[nodiscard]] QColor separator() const;
     [[nodiscard]] QColor windowBackground() const;
+    [[nodiscard]] QColor controlTrack() const;
+    [[nodiscard]] QColor controlFace() const;
+    [[nodiscard]] QColor groupBackground() const;
     [[nodiscard]] QColor ultraThinMaterial() const;
     [[nodiscard]] QColor barMaterial() const;
 
