@@ -2,9 +2,13 @@ import QtQuick
 import QtQuick.Layouts
 import Toolkit
 
-// A horizontal hairline.
+// A hairline between what is above one another, or side by side.
 Rectangle {
+    property bool isVertical: false
+
+    implicitWidth: 1
     implicitHeight: 1
     color: SystemStyle.separator
-    Layout.fillWidth: true
+    Layout.fillWidth: !isVertical
+    Layout.fillHeight: isVertical
 }

@@ -129,6 +129,11 @@ QColor SystemStyle::controlFace() const
     return choose(0xFFFFFFFF, 0xFF6C6C6F);
 }
 
+QColor SystemStyle::textBackground() const
+{
+    return choose(0xFFFFFFFF, 0xFF1A1A1A);
+}
+
 QColor SystemStyle::groupBackground() const
 {
     return choose(0x08000000, 0x0AFFFFFF);

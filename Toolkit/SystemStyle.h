@@ -38,10 +38,11 @@ class SystemStyle : public QObject
     Q_PROPERTY(QColor separator READ separator NOTIFY changed)
     Q_PROPERTY(QColor windowBackground READ windowBackground NOTIFY changed)
 
-    // What controls are made of: the ground of a switch or of segments, the face that is raised above it, and
-    // the ground of what belongs together.
+    // What controls are made of: the ground of a switch or of segments, the face that is raised above it, the
+    // ground of text that can be edited, and the ground of what belongs together.
     Q_PROPERTY(QColor controlTrack READ controlTrack NOTIFY changed)
     Q_PROPERTY(QColor controlFace READ controlFace NOTIFY changed)
+    Q_PROPERTY(QColor textBackground READ textBackground NOTIFY changed)
     Q_PROPERTY(QColor groupBackground READ groupBackground NOTIFY changed)
 
     // Translucent, unless transparency is reduced: laid over the window background they are what the
@@ -74,6 +75,7 @@ public:
     [[nodiscard]] QColor windowBackground() const;
     [[nodiscard]] QColor controlTrack() const;
     [[nodiscard]] QColor controlFace() const;
+    [[nodiscard]] QColor textBackground() const;
     [[nodiscard]] QColor groupBackground() const;
     [[nodiscard]] QColor ultraThinMaterial() const;
     [[nodiscard]] QColor barMaterial() const;
