@@ -2,10 +2,17 @@
 #pragma once
 
 #include <QIcon>
+#include <QString>
 
-namespace stirra {
+class QQuickWindow;
 
-// Drawn from the same file that the desktop shows for the application. Main thread.
-[[nodiscard]] QIcon windowIcon();
+namespace toolkit {
 
-} // namespace stirra
+// Drawn from an SVG file, the one that the desktop shows for the application. Main thread.
+[[nodiscard]] QIcon windowIcon(const QString &drawing);
+
+// Gives the window that icon, for programs that run without being installed; it is not worth a delay of the
+// first frame. Main thread.
+void setIconAfterFirstFrame(QQuickWindow &window, const QString &drawing);
+
+} // namespace toolkit
