@@ -1,8 +1,9 @@
 #include "App/AppDelegate.h"
 
 #include "App/FirstTexts.h"
-#include "App/WindowIcon.h"
 #include "Platform/Platform.h"
+#include "Toolkit/WindowGeometry.h"
+#include "Toolkit/WindowIcon.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -17,15 +18,6 @@ namespace {
 
 constexpr QSize contentSize(480, 640);
 constexpr QSize smallestSize(400, 520);
-
-// A screen that is smaller than the window gets as much of it as fits.
-void centre(QWindow &window)
-{
-    const auto available = window.screen()->availableGeometry();
-    QRect frame(QPoint(), contentSize.boundedTo(available.size()).expandedTo(smallestSize));
-    frame.moveCenter(available.center());
-    window.setGeometry(frame);
-}
 
 // Qt reads the views on a thread of its own. Meanwhile this one draws the letters, which takes as long: one
 // text at each turn of the loop, since the other thread asks it for things in between.
@@ -56,14 +48,6 @@ void prepareMainWindow(QQuickView &window)
     QObject::connect(window.engine(), &QQmlEngine::quit, qApp, &QGuiApplication::quit, Qt::QueuedConnection);
 }
 
-// The icon of programs that run without being installed; it is not worth a delay of the first frame.
-void setIconAfterFirstFrame(QQuickView &window)
-{
-    QObject::connect(
-        &window, &QQuickWindow::frameSwapped, &window, [&window] { window.setIcon(windowIcon()); },
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-}
-
 } // namespace
 
 AppDelegate::AppDelegate(QObject *parent)
@@ -71,7 +55,8 @@ AppDelegate::AppDelegate(QObject *parent)
     , preparedWindow_(std::make_unique<QQuickView>())
 {
     prepareMainWindow(*preparedWindow_);
-    centre(*preparedWindow_);
+    preparedWindow_->setGeometry(
+        toolkit::centredGeometry(preparedWindow_->screen()->availableGeometry(), contentSize, smallestSize));
     preparedWindow_->create(); // which waits for the display server; that must not wait for the reader
     auto *engine = preparedWindow_->engine();
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -85,7 +70,7 @@ void AppDelegate::applicationDidFinishLaunching()
     awaitLoaded(*mainView_);
     preparedWindow_->setContent(mainViewUrl(), mainView_, mainView_->create());
     mainWindow_ = std::move(preparedWindow_);
-    setIconAfterFirstFrame(*mainWindow_);
+    toolkit::setIconAfterFirstFrame(*mainWindow_, QStringLiteral(":/icons/org.stirra.Stirra.svg"));
     platform::Platform::current().appearance().awaitFirstAnswer();
     mainWindow_->show();
 }
@@ -96,6 +81,15 @@ bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows, const QS
         platform::Platform::current().present(*mainWindow_, activationToken);
     }
     return true;
+}
+
+void AppDelegate::applicationReopened(const QString &activationToken)
+{
+    const bool isVisible =
+        mainWindow_ && mainWindow_->isVisible() && !(mainWindow_->windowStates() & Qt::WindowMinimized);
+    if (applicationShouldHandleReopen(isVisible, activationToken) && isVisible) {
+        platform::Platform::current().present(*mainWindow_, activationToken);
+    }
 }
 
 } // namespace stirra

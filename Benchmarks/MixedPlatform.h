@@ -21,6 +21,12 @@ public:
     platform::Appearance &appearance() override { return native_.appearance(); }
     platform::ApplicationLink &applicationLink() override { return native_.applicationLink(); }
     void present(QWindow &window, const QString &token) override { native_.present(window, token); }
+    void activate() override { native_.activate(); }
+    void setActivationPolicy(platform::ActivationPolicy policy) override
+    {
+        native_.setActivationPolicy(policy);
+    }
+    bool placesWindows() override { return native_.placesWindows(); }
 
 private:
     platform::Platform &native_;

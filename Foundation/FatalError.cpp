@@ -11,4 +11,10 @@ void fatalError(const char *message)
     std::abort();
 }
 
+void assertionFailure(const char *source, int line)
+{
+    std::fprintf(stderr, "%s:%d: Assertion failed\n", source, line);
+    std::abort();
+}
+
 } // namespace foundation

@@ -1,6 +1,7 @@
 // The one seam to the operating system. What stands above includes the headers of this folder only.
 #pragma once
 
+#include "Platform/ActivationPolicy.h"
 #include "Platform/Appearance.h"
 #include "Platform/ApplicationLink.h"
 #include "Platform/InputPoster.h"
@@ -30,6 +31,18 @@ public:
     // Shows the window, in front of the others and with the focus, as far as the desktop lets a program have
     // it. The token is what the user's act in another program gave for it; it may be empty.
     virtual void present(QWindow &window, const QString &activationToken) = 0;
+
+    // Brings the application before the others: those of its windows that are visible come to the front, and
+    // one of them takes the focus where none has it, as far as the desktop lets it. An application without a
+    // visible window has nothing to bring.
+    virtual void activate() = 0;
+
+    // Regular until it is set. Holds for the windows that are visible and those that are presented later;
+    // where the desktop has no way to say so (Wayland) its windows stay regular ones.
+    virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+
+    // Whether a program knows and chooses where on the screen its windows are. On Wayland it does not.
+    [[nodiscard]] virtual bool placesWindows() = 0;
 
     // The platform that the program runs on. REQUIRES: one is installed.
     [[nodiscard]] static Platform &current();

@@ -7,9 +7,27 @@
 #include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Linux/X11/XWindowPresenter.h"
 
+#include <QGuiApplication>
 #include <QWindow>
 
+#include <utility>
+
 namespace platform {
+
+namespace {
+
+// In the order in which they were shown first; pop-ups follow their window by themselves.
+QWindowList visibleWindows()
+{
+    auto windows = QGuiApplication::topLevelWindows();
+    windows.removeIf([](const QWindow *window) {
+        return !window->isVisible() || window->transientParent() ||
+               window->windowStates() & Qt::WindowMinimized;
+    });
+    return windows;
+}
+
+} // namespace
 
 LinuxPlatform::~LinuxPlatform()
 {
@@ -47,9 +65,38 @@ void LinuxPlatform::present(QWindow &window, const QString &activationToken)
 {
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.show();
+    if (activationPolicy_ != ActivationPolicy::regular) {
+        listXWindow(window, false);
+    }
     window.raise();
     activateWindow(window, activationToken);
     activateXWindow(window, activationToken);
+}
+
+void LinuxPlatform::activate()
+{
+    auto windows = visibleWindows();
+    for (auto *window : windows) {
+        window->raise();
+    }
+    if (!windows.isEmpty() && !QGuiApplication::focusWindow()) {
+        activateWindow(*windows.last(), {});
+    }
+}
+
+void LinuxPlatform::setActivationPolicy(ActivationPolicy policy)
+{
+    if (std::exchange(activationPolicy_, policy) == policy) {
+        return;
+    }
+    for (auto *window : visibleWindows()) {
+        listXWindow(*window, policy == ActivationPolicy::regular);
+    }
+}
+
+bool LinuxPlatform::placesWindows()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 std::unique_ptr<Platform> makeNativePlatform()

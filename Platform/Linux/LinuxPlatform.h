@@ -20,9 +20,13 @@ public:
     Appearance &appearance() override;
     ApplicationLink &applicationLink() override;
     void present(QWindow &window, const QString &activationToken) override;
+    void activate() override;
+    void setActivationPolicy(ActivationPolicy policy) override;
+    bool placesWindows() override;
 
 private:
     QtScheduler scheduler_;
+    ActivationPolicy activationPolicy_ = ActivationPolicy::regular;
     std::optional<FallbackInputPoster> inputPoster_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<ApplicationLink> applicationLink_;

@@ -40,10 +40,20 @@ public:
     void present(QWindow &window, const QString &activationToken) override
     {
         presentedWith.append(activationToken);
+        acts.append(QStringLiteral("present"));
         window.show();
     }
+    void activate() override { acts.append(QStringLiteral("activate")); }
+    void setActivationPolicy(platform::ActivationPolicy policy) override
+    {
+        acts.append(policy == platform::ActivationPolicy::regular ? QStringLiteral("regular")
+                                                                  : QStringLiteral("accessory"));
+    }
+    bool placesWindows() override { return canPlaceWindows; }
 
     QStringList presentedWith; // the tokens of the calls
+    QStringList acts;          // what was asked for windows and the application, in order
+    bool canPlaceWindows = true;
 
 private:
     ManualScheduler scheduler_;

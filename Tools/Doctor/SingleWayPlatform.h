@@ -24,6 +24,12 @@ public:
     {
         other_.present(window, activationToken);
     }
+    void activate() override { other_.activate(); }
+    void setActivationPolicy(platform::ActivationPolicy policy) override
+    {
+        other_.setActivationPolicy(policy);
+    }
+    bool placesWindows() override { return other_.placesWindows(); }
 
 private:
     platform::Platform &other_;

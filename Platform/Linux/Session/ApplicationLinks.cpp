@@ -22,7 +22,7 @@ QString displayName()
 QString socketPath()
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
-    return folder.filePath(QString::fromLatin1(applicationId) + QLatin1Char('-') + displayName());
+    return folder.filePath(applicationId() + QLatin1Char('-') + displayName());
 }
 
 } // namespace

@@ -37,13 +37,13 @@ BusApplicationLink::BusApplicationLink(QDBusConnection bus, QString launchToken,
 
 BusApplicationLink::~BusApplicationLink()
 {
-    bus_.unregisterObject(QString::fromLatin1(applicationPath));
+    bus_.unregisterObject(applicationPath());
 }
 
 bool BusApplicationLink::claim()
 {
     // The object comes before the name: who sees the name must find the object.
-    bus_.registerObject(QString::fromLatin1(applicationPath), this, QDBusConnection::ExportAdaptors);
+    bus_.registerObject(applicationPath(), this, QDBusConnection::ExportAdaptors);
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         if (ownName()) {
             return true;
@@ -57,17 +57,17 @@ bool BusApplicationLink::claim()
 
 bool BusApplicationLink::ownName()
 {
-    const auto reply = bus_.interface()->registerService(QString::fromLatin1(applicationId),
-                                                         QDBusConnectionInterface::DontQueueService,
-                                                         QDBusConnectionInterface::DontAllowReplacement);
+    const auto reply =
+        bus_.interface()->registerService(applicationId(), QDBusConnectionInterface::DontQueueService,
+                                          QDBusConnectionInterface::DontAllowReplacement);
     return reply.value() == QDBusConnectionInterface::ServiceRegistered;
 }
 
 bool BusApplicationLink::activateOwner() const
 {
-    auto call = QDBusMessage::createMethodCall(
-        QString::fromLatin1(applicationId), QString::fromLatin1(applicationPath),
-        QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+    auto call = QDBusMessage::createMethodCall(applicationId(), applicationPath(),
+                                               QStringLiteral("org.freedesktop.Application"),
+                                               QStringLiteral("Activate"));
     call << platformDataWith(launchToken_);
     call.setAutoStartService(false);
     return !isGone(bus_.call(call, QDBus::Block, answerTimeout));

@@ -13,6 +13,8 @@ namespace platform {
 namespace {
 
 constexpr std::uint32_t sourceIsApplication = 1;
+constexpr std::uint32_t removeState = 0;
+constexpr std::uint32_t addState = 1;
 
 xcb_connection_t *toolkitConnection()
 {
@@ -82,6 +84,25 @@ std::optional<std::uint32_t> timeInStartupId(const QString &startupId)
     bool isNumber = false;
     const auto time = at < 0 ? 0 : startupId.mid(at + mark.size()).toUInt(&isNumber);
     return isNumber ? std::optional(time) : std::nullopt;
+}
+
+void listXWindow(const QWindow &window, bool isListed)
+{
+    auto *x = toolkitConnection();
+    if (!x) {
+        return;
+    }
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window.winId());
+    message.type = atom(x, "_NET_WM_STATE");
+    message.data.data32[0] = isListed ? removeState : addState;
+    message.data.data32[1] = atom(x, "_NET_WM_STATE_SKIP_TASKBAR");
+    message.data.data32[2] = atom(x, "_NET_WM_STATE_SKIP_PAGER");
+    message.data.data32[3] = sourceIsApplication;
+    sendToRoot(x, message, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    xcb_flush(x);
 }
 
 void activateXWindow(const QWindow &window, const QString &startupId)

@@ -17,4 +17,8 @@ namespace platform {
 // everybody who shows a busy pointer for the launch that it is over. Main thread; the toolkit runs on X11.
 void activateXWindow(const QWindow &window, const QString &startupId);
 
+// Asks the window manager to list a window that is shown in task bars and pagers, or not to. Main thread;
+// nothing happens where the toolkit does not run on X11.
+void listXWindow(const QWindow &window, bool isListed);
+
 } // namespace platform

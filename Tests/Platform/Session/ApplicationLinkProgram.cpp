@@ -7,7 +7,7 @@
 #include "Platform/Linux/Session/BusApplicationLink.h"
 #include "Platform/Linux/Session/SocketApplicationLink.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <chrono>
 #include <cstdio>
@@ -35,6 +35,7 @@ void say(const char *what, const QString &token = {})
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.stirra.Linked-Application"));
     const auto arguments = QCoreApplication::arguments();
     const auto link = linkOver(arguments.value(1), arguments.value(2));
     QObject::connect(link.get(), &platform::ApplicationLink::reopenRequested,

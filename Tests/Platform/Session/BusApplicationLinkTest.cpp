@@ -9,6 +9,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QGuiApplication>
 
 #include <gmock/gmock.h>
 
@@ -31,13 +32,16 @@ const QString way = QStringLiteral("bus");
 class BusApplicationLinkTest : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(bus.isOpen()); }
+    void SetUp() override
+    {
+        QGuiApplication::setDesktopFileName(QStringLiteral("org.stirra.Linked-Application"));
+        ASSERT_TRUE(bus.isOpen());
+    }
 
     // Calls the application as the desktop does, and waits for its answer's type.
     QDBusMessage::MessageType call(const QString &method, const QVariantList &arguments)
     {
-        auto message = QDBusMessage::createMethodCall(QString::fromLatin1(applicationId),
-                                                      QString::fromLatin1(applicationPath),
+        auto message = QDBusMessage::createMethodCall(applicationId(), applicationPath(),
                                                       QStringLiteral("org.freedesktop.Application"), method);
         message.setArguments(arguments);
         return bus.connect().call(message, QDBus::BlockWithGui).type();
@@ -48,6 +52,12 @@ protected:
 };
 
 } // namespace
+
+TEST_F(BusApplicationLinkTest, ItsNamesAreThoseOfTheDesktopEntry)
+{
+    EXPECT_EQ(applicationId(), QStringLiteral("org.stirra.Linked-Application"));
+    EXPECT_EQ(applicationPath(), QStringLiteral("/org/stirra/Linked_Application"));
+}
 
 TEST_F(BusApplicationLinkTest, TheFirstIsTheApplicationAndHearsTheSecondsToken)
 {
