@@ -1,0 +1,6 @@
+import SharedUI
+
+MeshGradientBackground {
+    implicitWidth: 320
+    implicitHeight: 200
+}
