@@ -1,6 +1,6 @@
 import SharedUI
 
 MeshGradientBackground {
-    implicitWidth: 320
-    implicitHeight: 200
+    implicitWidth: 400
+    implicitHeight: 250
 }
