@@ -1,5 +1,6 @@
 #include "Platform/Linux/LaunchEnvironment.h"
 
+#include "Platform/Linux/TextDrawing.h"
 #include "Platform/Linux/Wayland/WaylandWindow.h"
 #include "Platform/Platform.h"
 
@@ -113,6 +114,7 @@ void prepareProcess()
     drawWithoutWaiting();
     useNoInputMethod();
     readFontConfigurationAside();
+    drawStemsAsTheyAre();
 }
 
 } // namespace platform

@@ -1,0 +1,6 @@
+import SharedUI
+
+MeshGradientBackground {
+    implicitWidth: 400
+    implicitHeight: 250
+}
