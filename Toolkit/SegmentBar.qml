@@ -23,15 +23,14 @@ FocusScope {
 
     implicitWidth: segments.length * (Math.ceil(widest) + 2 * 14)
     implicitHeight: 24
-    activeFocusOnTab: false
 
     // How far beside the current one, towards the trailing edge.
     function move(steps: int): void {
         const index = stop + (LayoutMirroring.enabled ? -steps : steps);
         if (index < 0 || index >= segments.length)
             return;
-        pick(index);
         repeater.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        pick(index);
     }
 
     function focusCurrent(): void {
@@ -82,7 +81,7 @@ FocusScope {
         height: root.height
         radius: 6
         z: activeFocus ? 1 : 0 // the ring lies over the neighbours
-        activeFocusOnTab: index === root.stop
+        activeFocusOnTab: index === root.stop || activeFocus // which cannot cease to be one
         Accessible.role: root.segmentRole
         Accessible.selectable: !isCheckable
         Accessible.selected: !isCheckable && isCurrent

@@ -6,32 +6,33 @@
 #include "Tests/SharedUI/SharedUITest.h"
 
 #include <QAccessible>
-#include <QTest>
 
 namespace sharedui {
 
 class SettingsFormTest : public SharedUITest
 {
 protected:
-    // Clicks on the middle of the item of that object name, or of the button of that name below it.
-    void click(const char *name) { clickOn(item(name)); }
-    void clickOn(const QQuickItem &target)
-    {
-        const auto middle = target.mapRectToScene(target.boundingRect()).center();
-        QTest::mouseClick(&view, Qt::LeftButton, {}, middle.toPoint());
-    }
+    ~SettingsFormTest() override;
 
-    // The switch's or segment's button below the item, by the text that assistive technology is told.
-    [[nodiscard]] QQuickItem &button(const QString &text) const
-    {
-        for (auto *candidate : shown().findChildren<QQuickItem *>()) {
-            if (candidate->inherits("QQuickFocusScope") && candidate->property("text") == text) {
-                return *candidate;
-            }
-        }
-        ADD_FAILURE() << "there is no button " << text.toStdString();
-        return shown();
-    }
+    // The form alone in a window of that width, in points, or below the shown item.
+    QQuickItem &showForm(int width = 420);
+
+    // The switch, segment or tab that assistive technology is told by that name.
+    [[nodiscard]] QQuickItem &button(const QString &name) const;
+    [[nodiscard]] QAccessibleInterface &accessible(const QString &name) const;
+    // What assistive technology is told of what is visible, in its order: "role name", with " (on)" behind it
+    // where it is checked or selected.
+    [[nodiscard]] QStringList told();
+    // The texts that are seen, in the order of the items.
+    [[nodiscard]] QList<QQuickItem *> texts() const;
+
+    void click(const QString &name) { clickOn(button(name)); }
+    void clickOn(const QQuickItem &target);
+    void press(int key, Qt::KeyboardModifiers modifiers = {});
+    [[nodiscard]] QString focused() const;
+
+    [[nodiscard]] std::string stored() const;
+    void store(const std::string &json) const;
 
     fakes::FakeStorage &storage = sharedcore::sharedStorage();
 };

@@ -1,5 +1,7 @@
 #include "Tests/Toolkit/ToolkitTest.h"
 
+#include <QTest>
+
 namespace toolkit {
 
 namespace {
@@ -60,6 +62,37 @@ TEST_F(ScrollViewTest, HasNothingToScrollWhereAllIsInView)
     scrollView.forceActiveFocus();
     press(Qt::Key_End);
     EXPECT_EQ(position(scrollView), 0);
+}
+
+TEST_F(ScrollViewTest, ItsIndicatorShowsWhatPartIsInViewAndIsDragged)
+{
+    auto &scrollView = show("ScrollView { width: 200; height: 200; isIndicatorShown: true; Rectangle { "
+                            "width: 9; height: 1000 } }");
+    const auto &indicator = item("indicator");
+    EXPECT_TRUE(indicator.isVisible());
+    EXPECT_NEAR(indicator.height(), 200 * 0.2 - 4, 0.5);
+    EXPECT_EQ(indicator.y(), 2);
+    scrollView.setProperty("contentY", 800);
+    EXPECT_NEAR(indicator.y() + indicator.height(), 198, 0.5);
+
+    const QPoint middle(195, 180);
+    QTest::mousePress(&view, Qt::LeftButton, {}, middle);
+    for (int y = middle.y(); y >= 100; y -= 5) {
+        QTest::mouseMove(&view, {middle.x(), y});
+    }
+    EXPECT_NEAR(position(scrollView), 800 - 80 * 5, 40); // but for where the drag began
+    QTest::mouseMove(&view, {middle.x(), -500});
+    EXPECT_EQ(position(scrollView), 0);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, {middle.x(), -500});
+}
+
+TEST_F(ScrollViewTest, HasNoIndicatorWhereItIsNotWantedOrNothingIsHidden)
+{
+    showScrollView();
+    EXPECT_FALSE(item("indicator").isVisible());
+    show(
+        "ScrollView { width: 200; height: 200; isIndicatorShown: true; Rectangle { width: 9; height: 90 } }");
+    EXPECT_FALSE(item("indicator").isVisible());
 }
 
 TEST_F(ScrollViewTest, AShrinkingLabelShrinksToHalfBeforeItIsCut)
