@@ -38,8 +38,9 @@ INSTANTIATE_TEST_SUITE_P(Symbols, SymbolNames,
                          testing::Values("arrow.triangle.2.circlepath", "checkmark.circle.fill", "circle",
                                          "clock.fill", "cursorarrow.and.square.on.square.dashed",
                                          "cursorarrow.motionlines", "exclamationmark.triangle.fill",
-                                         "eye.fill", "eye.slash.fill", "keyboard", "number", "play.fill",
-                                         "scroll", "stop.fill", "timer", "xmark.circle.fill"));
+                                         "eye.fill", "eye.slash.fill", "keyboard", "number",
+                                         "paintpalette.fill", "play.fill", "rectangle.on.rectangle", "scroll",
+                                         "stop.fill", "timer", "xmark.circle.fill"));
 
 TEST(Symbol, AnUnknownNameDrawsNothing)
 {
