@@ -14,8 +14,7 @@ namespace sharedui {
 namespace {
 
 constexpr platform::Seconds quiet(0.5);
-constexpr Qt::WindowStates otherThanNormal =
-    Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen; // NOLINT(hicpp-signed-bitwise)
+constexpr Qt::WindowStates otherThanNormal = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
 
 QList<QRect> availableAreas()
 {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace sharedui {
 
@@ -67,7 +68,7 @@ PropertyValue storedFrame(const SavedFrame &frame)
         entries.emplace("x", std::int64_t{frame.position->x()});
         entries.emplace("y", std::int64_t{frame.position->y()});
     }
-    return PropertyValue(std::move(entries));
+    return {std::move(entries)};
 }
 
 std::optional<SavedFrame> frameFrom(const std::optional<PropertyValue> &stored)

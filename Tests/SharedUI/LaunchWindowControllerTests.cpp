@@ -21,7 +21,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const QString text(const char *name)
+QString text(const char *name)
 {
     return QString::fromLatin1(name);
 }
@@ -137,6 +137,14 @@ TEST_F(LaunchWindowControllerTest, TheRootCanRaiseTheMinimumAndDoesNotLowerIt)
     EXPECT_EQ(window.size(), QSize(421, 560));
     rootOf(window)->setProperty("minimumWidth", qQNaN());
     EXPECT_EQ(window.minimumSize(), QSize(380, 560));
+}
+
+TEST_F(LaunchWindowControllerTest, TheWindowIsNoSmallerThanALaunchContainer)
+{
+    const auto &window =
+        present({100, 100}, "import SharedUI\nAppLaunchContainer { appTitle: \"Example\"; Item {} }");
+    EXPECT_EQ(window.minimumSize(), QSize(420, 560));
+    EXPECT_EQ(window.size(), QSize(420, 560));
 }
 
 TEST_F(LaunchWindowControllerTest, TheWindowHasTheDesktopsBackgroundInLightAndDark)
