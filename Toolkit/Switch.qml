@@ -17,7 +17,7 @@ HStack {
     signal toggled(bool wanted)
 
     function toggle(): void {
-        motion.enabled = true; // what the user did is seen to move, anything else is just so
+        motion.enabled = !SystemStyle.reducesMotion; // what the user did is seen to move, anything else is just so
         toggled(!isOn);
     }
 

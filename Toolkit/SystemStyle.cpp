@@ -126,7 +126,7 @@ QColor SystemStyle::controlTrack() const
 
 QColor SystemStyle::controlFace() const
 {
-    return choose(0xFFFFFFFF, 0xFF6C6C6F);
+    return choose(0xFFFFFFFF, 0xFF5E5E62);
 }
 
 QColor SystemStyle::textBackground() const

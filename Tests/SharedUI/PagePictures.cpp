@@ -5,6 +5,7 @@
 
 #include "Platform/Platform.h"
 #include "Tests/Fakes/FakePlatform.h"
+#include "Tests/Fakes/FakeStorage.h"
 #include "Tests/Support/Eventually.h"
 #include "Toolkit/SystemStyle.h"
 
@@ -100,6 +101,8 @@ private:
 bool writePictures(const QDir &folder)
 {
     fakes::FakePlatform platform;
+    fakes::FakeStorage storage;
+    const platform::StorageInstallation installation(storage);
     StandingClock clock;
     const QDir pages(QStringLiteral(":/Pages"));
     for (const auto &page : pages.entryInfoList()) {

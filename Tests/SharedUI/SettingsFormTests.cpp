@@ -1,3 +1,4 @@
+#include "SharedUI/AppLaunchContainer/PreferencesForm.h"
 #include "Tests/SharedUI/SettingsFormTest.h"
 
 #include <QFont>
@@ -90,6 +91,12 @@ struct Edit
     bool AppPreferences::*field;
 };
 
+// In the names of tests.
+void PrintTo(const Edit &edit, std::ostream *stream)
+{
+    *stream << edit.name;
+}
+
 constexpr std::array edits{
     Edit{"launchAtLogin", "Launch at login", &AppPreferences::launchAtLogin},
     Edit{"showMenuBarIcon", "Show menu bar icon", &AppPreferences::showMenuBarIcon},
@@ -133,6 +140,21 @@ TEST_F(SettingsFormViewTest, StoresTheThemeThatIsPicked)
     EXPECT_EQ(saves(), 3);
     click(QStringLiteral("Dark")); // as it is already
     EXPECT_EQ(saves(), 3);
+}
+
+TEST_F(SettingsFormViewTest, IgnoresAThemeThatThereIsNot)
+{
+    PreferencesForm form;
+    form.setTheme(QStringLiteral("dark"));
+    const auto before = stored();
+    bool isSaved = false;
+    QObject::connect(&form, &PreferencesForm::preferencesSaved, &form, [&] { isSaved = true; });
+    for (const auto *theme : {"Dark", "", "auto"}) {
+        form.setTheme(QString::fromLatin1(theme));
+    }
+    EXPECT_FALSE(isSaved);
+    EXPECT_EQ(form.theme(), QStringLiteral("dark"));
+    EXPECT_EQ(stored(), before);
 }
 
 TEST_F(SettingsFormViewTest, DoesNotPickUpWhatIsStoredElsewhereWhileItStays)

@@ -11,7 +11,7 @@
 #include <QTextLayout>
 #include <QTranslator>
 
-#include <algorithm>
+#include <ostream>
 
 namespace sharedui {
 
@@ -22,6 +22,12 @@ struct Language
     const char *locale;
     QStringList texts; // the tabs' titles, and those of the form, in their order
 };
+
+// In the names of tests.
+void PrintTo(const Language *language, std::ostream *stream)
+{
+    *stream << language->locale;
+}
 
 const Language &german()
 {

@@ -148,6 +148,10 @@ TEST(SystemStyle, ItsLabelsCanBeReadOnEveryGround)
             EXPECT_GE(contrast(style.label(), ground), 7) << isDark;
             EXPECT_GE(contrast(style.secondaryLabel(), ground), 4.5) << isDark;
         }
+        for (const auto &ground : {style.controlFace(), over(style.controlTrack(), window),
+                                   over(style.groupBackground(), window)}) {
+            EXPECT_GE(contrast(style.label(), ground), 4.5) << isDark;
+        }
     }
 }
 

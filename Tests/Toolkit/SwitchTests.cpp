@@ -95,6 +95,15 @@ TEST_F(SwitchTest, ItsKnobMovesWhereTheUserTogglesIt)
     EXPECT_TRUE(eventually([this] { return knobFromRight() == 2; }));
 }
 
+TEST_F(SwitchTest, ItsKnobJumpsWhereMotionIsReduced)
+{
+    platform.appearance().set({.reducesMotion = true});
+    showSwitch();
+    button().forceActiveFocus();
+    press(Qt::Key_Space);
+    EXPECT_EQ(knobFromRight(), 2);
+}
+
 TEST_F(SwitchTest, ItsKnobIsAtOnceWhereItsOwnerSays)
 {
     auto &shown = showSwitch("isOn: true;");
