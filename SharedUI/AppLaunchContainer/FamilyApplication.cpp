@@ -1,6 +1,9 @@
 #include "SharedUI/AppLaunchContainer/FamilyApplication.h"
 
 #include "SharedUI/AppLaunchContainer/LaunchWindowController.h"
+#include "SharedUI/Translations.h"
+
+#include <QCoreApplication>
 
 namespace sharedui {
 
@@ -14,7 +17,11 @@ public:
     {}
     ~FamilyDelegate() override { LaunchWindowController::endShared(); }
 
-    void applicationDidFinishLaunching() override { launch_(); }
+    void applicationDidFinishLaunching() override
+    {
+        installTranslations(*QCoreApplication::instance());
+        launch_();
+    }
     void applicationReopened(const QString &activationToken) override
     {
         LaunchWindowController::shared().bringToFront(activationToken);
