@@ -1,7 +1,9 @@
 # stirra_target(<target>): the project's warnings and include root, for a target that exists already.
 function(stirra_target target)
   target_compile_options(${target} PRIVATE ${STIRRA_WARNINGS})
-  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${STIRRA_HEADERS}>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
   stirra_spare_generated_sources(${target})
 endfunction()
