@@ -67,11 +67,13 @@ Desktop::Desktop(Windows windows)
     }
 }
 
-std::unique_ptr<testsupport::ChildProcess> Desktop::start(const QString &program) const
+std::unique_ptr<testsupport::ChildProcess> Desktop::start(const QString &program,
+                                                          const QStringList &arguments,
+                                                          const QProcessEnvironment &environment) const
 {
     const auto path =
         program.contains(QLatin1Char('/')) ? program : programFolder() + QLatin1Char('/') + program;
-    return std::make_unique<testsupport::ChildProcess>(path, QStringList(), environment());
+    return std::make_unique<testsupport::ChildProcess>(path, arguments, environment);
 }
 
 std::unique_ptr<testsupport::ChildProcess> Desktop::open(const QString &program) const

@@ -31,7 +31,12 @@ public:
     [[nodiscard]] const testsupport::XClient &client() const { return client_; }
 
     // Starts one of the programs that were built beside this one, or any other by its path.
-    [[nodiscard]] std::unique_ptr<testsupport::ChildProcess> start(const QString &program) const;
+    [[nodiscard]] std::unique_ptr<testsupport::ChildProcess> start(const QString &program) const
+    {
+        return start(program, {}, environment());
+    }
+    [[nodiscard]] std::unique_ptr<testsupport::ChildProcess>
+    start(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment) const;
     // The same, and waits until its window is on the screen. Throws NotMeasured where none comes.
     [[nodiscard]] std::unique_ptr<testsupport::ChildProcess> open(const QString &program) const;
 

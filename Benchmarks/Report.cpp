@@ -65,6 +65,17 @@ Row limitRow(const std::string &name, double stirra, double most, const std::str
         name, figure(stirra, unit), yardstick, "", "at most " + figure(most, unit), verdict(stirra <= most)};
 }
 
+Row leastRow(const std::string &name, double stirra, double least, const std::string &unit,
+             const std::string &yardstick)
+{
+    return {name,
+            figure(stirra, unit),
+            yardstick,
+            "",
+            "at least " + figure(least, unit),
+            verdict(stirra >= least)};
+}
+
 Row plainRow(const std::string &name, const std::string &stirra, const std::string &yardstick)
 {
     return {name, stirra, yardstick, "", "", ""};

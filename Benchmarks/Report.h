@@ -36,6 +36,9 @@ struct Row
 // `stirra` may be at most `most`; the yardstick is for comparison, and may be empty.
 [[nodiscard]] Row limitRow(const std::string &name, double stirra, double most, const std::string &unit,
                            const std::string &yardstick = {});
+// `stirra` must be at least `least`.
+[[nodiscard]] Row leastRow(const std::string &name, double stirra, double least, const std::string &unit,
+                           const std::string &yardstick = {});
 // For information.
 [[nodiscard]] Row plainRow(const std::string &name, const std::string &stirra,
                            const std::string &yardstick = {});

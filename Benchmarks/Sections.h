@@ -13,6 +13,9 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Time to the first frame. REQUIRES: the desktop's windows are unmanaged.
 [[nodiscard]] std::vector<Row> startUpRows(const Desktop &desktop);
 
+// Frames and CPU time of the kit's components. Takes some 35 s. REQUIRES: the same.
+[[nodiscard]] std::vector<Row> drawingRows(const Desktop &desktop);
+
 // Below: the calling process runs on a display of its own, with a Qt application object.
 
 // How exact the engine's delays and timers are, with the native scheduler and poster. Takes some 25 s, and

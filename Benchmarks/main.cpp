@@ -56,6 +56,7 @@ int measure(int argc, char **argv)
     Report report(argc > 1 ? argv[1] : "");
     report.add("start-up", [&desktop] { return startUpRows(desktop); });
     addIdleRows(report);
+    report.add("drawing", [&desktop] { return drawingRows(desktop); });
     report.add("wayland", waylandRows);
     report.add("cost of an action", actionCostRows);
     report.add("a million ticks", longRunRows);

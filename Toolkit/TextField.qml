@@ -57,6 +57,7 @@ FocusScope {
         color: SystemStyle.label
         selectionColor: Qt.alpha(SystemStyle.accent, 0.4)
         selectedTextColor: SystemStyle.label
+        renderType: TextInput.NativeRendering
         selectByMouse: true
         clip: true
         focus: true

@@ -167,6 +167,20 @@ TEST_F(MeshGradientBackgroundTest, HasNoClockWhileItIsNotShown)
     EXPECT_EQ(clocks(), 0U);
 }
 
+TEST_F(MeshGradientBackgroundTest, DrawsNothingWhileItIsHidden)
+{
+    auto &background = showBackground();
+    ASSERT_TRUE(eventually([this] { return frames > 0; }));
+    background.setVisible(false);
+    testsupport::letPass(std::chrono::milliseconds(100)); // the frame without it
+    frames = 0;
+    advance(10);
+    testsupport::letPass(std::chrono::milliseconds(200));
+    EXPECT_EQ(frames, 0);
+    background.setVisible(true);
+    EXPECT_TRUE(eventually([this] { return frames > 0; }));
+}
+
 TEST_F(MeshGradientBackgroundTest, HasNoClockForASpeedThatIsNoNumberOrNone)
 {
     auto &background = showBackground();

@@ -1,10 +1,14 @@
 #include "Tests/SharedUI/SharedUITest.h"
 
+#include "Tests/Support/Eventually.h"
+
 #include <array>
 
 namespace sharedui {
 
 namespace {
+
+using testsupport::eventually;
 
 struct Default
 {
@@ -168,6 +172,16 @@ TEST_F(ModernCardViewTest, BearsFieldsOfNoSense)
     EXPECT_FALSE(pictureWith("shadowRadius", 1e9).isNull());
     EXPECT_FALSE(pictureWith("shadowRadius", std::nan("")).isNull());
     EXPECT_FALSE(pictureWith("cornerRadius", -3.0).isNull());
+}
+
+TEST_F(ModernCardViewTest, CausesNoFrameAtRest)
+{
+    showCard();
+    ASSERT_TRUE(eventually([this] { return frames > 0; }));
+    testsupport::letPass(std::chrono::milliseconds(100));
+    frames = 0;
+    testsupport::letPass(std::chrono::milliseconds(300));
+    EXPECT_EQ(frames, 0);
 }
 
 TEST_F(ModernCardViewTest, GivesItsContentTheRoomThatItHas)

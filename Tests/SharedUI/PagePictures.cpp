@@ -66,8 +66,13 @@ public:
             return {};
         }
         clock.moveBy(moment);
-        QCoreApplication::processEvents();
-        return view_.grabWindow();
+        QImage picture;
+        const auto size = view_.size() * view_.effectiveDevicePixelRatio();
+        const auto isOfThatSize = [&] { // which OpenGL may learn of a moment later
+            picture = view_.grabWindow();
+            return picture.size() == size;
+        };
+        return testsupport::eventually(isOfThatSize) ? picture : QImage();
     }
 
     [[nodiscard]] const char *renderer() const
@@ -125,8 +130,10 @@ bool writePictures(const QDir &folder)
 
 int main(int argc, char **argv)
 {
+    // The other one brings a clock of its own. Before prepareProcess(), which starts a reader of the
+    // environment.
+    qputenv("QSG_RENDER_LOOP", "basic");
     platform::prepareProcess();
-    qputenv("QSG_RENDER_LOOP", "basic"); // the other one brings a clock of its own
     const QGuiApplication application(argc, argv);
     return argc == 2 && writePictures(QDir(QString::fromLocal8Bit(argv[1]))) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
