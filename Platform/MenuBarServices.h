@@ -26,8 +26,8 @@ public:
     MenuBarServices &operator=(const MenuBarServices &) = delete;
     virtual ~MenuBarServices() = default;
 
-    // From now on the application's windows are in no list of running programs, and closing the last one does
-    // not end it. False, and nothing done, where there is no application object.
+    // Makes the application an accessory: its windows are in no list of running programs, and closing the
+    // last one does not end it. False, and nothing done, where there is no application object.
     [[nodiscard]] virtual bool becomeAccessory() = 0;
 
     // An item without a picture at first. Where the desktop has no panels, one without a button.
@@ -58,8 +58,8 @@ private:
     MenuBarServices *previous_;
 };
 
-// The services of the operating system. REQUIRES, for items and the scheduler: a platform is installed that
-// outlives them.
+// The services of the operating system. REQUIRES, for all but the drawing: a platform is installed that
+// outlives what they make.
 [[nodiscard]] std::unique_ptr<MenuBarServices> makeNativeMenuBar();
 
 } // namespace platform

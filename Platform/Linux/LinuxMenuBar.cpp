@@ -1,6 +1,5 @@
 // What shows a program in the panel of a Linux desktop.
 #include "Platform/Linux/StatusNotifier/NotifierStatusItem.h"
-#include "Platform/Linux/X11/XAccessoryWindows.h"
 #include "Platform/MenuBarServices.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtTemplateImage.h"
@@ -28,7 +27,7 @@ public:
             return false;
         }
         QGuiApplication::setQuitOnLastWindowClosed(false);
-        keepWindowsOffTheTaskBar();
+        Platform::current().setActivationPolicy(ActivationPolicy::accessory);
         return true;
     }
 

@@ -8,6 +8,5 @@ target_sources(PlatformMenuBar PRIVATE
   Linux/StatusNotifier/NotifierStatusItem.cpp Linux/StatusNotifier/NotifierStatusItem.h
   Linux/StatusNotifier/PanelTint.cpp Linux/StatusNotifier/PanelTint.h
   Linux/StatusNotifier/PanelWatch.cpp Linux/StatusNotifier/PanelWatch.h
-  Linux/X11/XAccessoryWindows.cpp Linux/X11/XAccessoryWindows.h
 )
-target_link_libraries(PlatformMenuBar PRIVATE Qt6::DBus PkgConfig::XCB)
+target_link_libraries(PlatformMenuBar PRIVATE Qt6::DBus)

@@ -75,7 +75,6 @@ Q_SIGNALS:
     void NewIcon();
     void NewAttentionIcon();
     void NewOverlayIcon();
-    void NewMenu();
     void NewToolTip();
     void NewStatus(const QString &status);
 

@@ -10,7 +10,7 @@ namespace platform {
 
 // Speaks the StatusNotifierItem protocol over a bus connection of its own, where its object's path is that
 // which all panels look for. Panels read the picture when NewIcon tells them to; without a panel nothing is
-// sent.
+// sent. What panels read but once, whether there is a menu, takes effect by leaving and joining again.
 class NotifierStatusItem final : public StatusItem, private StatusButton
 {
 public:
@@ -29,16 +29,18 @@ private:
     void setImage(const TemplateImage &image) override;
     void setClickHandler(std::function<void(const StatusClick &)> handler) override;
 
+    void join(const QDBusConnection &bus);
+    void leave();
+    void joinAgain();
     void updateInk();
     void announceIcon();
 
-    QDBusConnection bus_;
     QObject itemObject_;
     QObject menuObject_;
     NotifierItem &item_; // of itemObject_
     MenuService &menu_;  // of menuObject_
     PanelTint tint_;
-    PanelWatch watch_;
+    std::unique_ptr<PanelWatch> watch_;
 };
 
 } // namespace platform

@@ -66,6 +66,7 @@ void PanelWatch::registerItem()
         isLate_ = true;
         return;
     }
+    isKnown_ = true;
     isRegistering_ = true;
     isLate_ = false;
     const auto call =

@@ -20,6 +20,9 @@ public:
     // Registers from the next turn of the event loop on. REQUIRES: the item's object is exported then.
     void start();
 
+    [[nodiscard]] const QDBusConnection &bus() const { return bus_; }
+    // Whether it has tried to register the item.
+    [[nodiscard]] bool isKnown() const { return isKnown_; }
     // Whether a watcher has the item, and some panel shows it. One that does not say counts as one that does.
     [[nodiscard]] bool isWatched() const { return hasWatcher_ && hasHost_; }
 
@@ -37,6 +40,7 @@ private:
     void set(bool hasWatcher, bool hasHost);
 
     QDBusConnection bus_;
+    bool isKnown_ = false;
     bool isRegistering_ = false;
     bool isLate_ = false; // a watcher came while an answer, perhaps of nobody, was on its way
     bool hasWatcher_ = false;

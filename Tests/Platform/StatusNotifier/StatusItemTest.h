@@ -34,7 +34,8 @@ protected:
 
     static std::unique_ptr<Seen> see(const Watcher &watcher)
     {
-        return std::make_unique<Seen>(testsupport::sessionBus().connect(), watcher.registered.value(0));
+        return std::make_unique<Seen>(testsupport::sessionBus().connect(),
+                                      watcher.registered.value(watcher.registered.size() - 1));
     }
 
     // One pixel, covered so far.

@@ -31,6 +31,20 @@ protected:
             {{"Faster_now", note(1)}, {}, {"Slower", note(3), false}, {"Beat", note(4), true, true}});
     }
 
+    // Waits for the next registration, and looks at it from now on.
+    [[nodiscard]] bool joinsAgain()
+    {
+        const auto count = ++joined;
+        const bool has = eventually([&] { return watcher->registered.size() == count; });
+        seen = see(*watcher);
+        return has;
+    }
+
+    [[nodiscard]] QString menuPathSeen() const
+    {
+        return seen->property("Menu").value<QDBusObjectPath>().path();
+    }
+
     struct Layout
     {
         uint revision = 0;
@@ -54,38 +68,53 @@ protected:
     }
 
     std::vector<int> chosen;
+    qsizetype joined = 1;
     std::unique_ptr<Watcher> watcher = startWatcher();
     std::unique_ptr<Seen> seen;
 };
 
 TEST_F(StatusMenuTest, IsNoneAtFirst)
 {
-    EXPECT_EQ(seen->property("Menu").value<QDBusObjectPath>().path(), text("/NO_DBUSMENU"));
+    EXPECT_EQ(menuPathSeen(), text("/NO_DBUSMENU"));
     EXPECT_FALSE(seen->property("ItemIsMenu").toBool());
 }
 
+// Panels read it once, so the item joins them anew.
 TEST_F(StatusMenuTest, ComesAndGoes)
 {
     setMenu();
-    EXPECT_EQ(seen->property("Menu").value<QDBusObjectPath>().path(), text("/MenuBar"));
-    EXPECT_EQ(seen->newMenus, 1);
+    ASSERT_TRUE(joinsAgain());
+    EXPECT_EQ(menuPathSeen(), text("/MenuBar"));
     setMenu();
     item->setMenu({});
-    EXPECT_EQ(seen->property("Menu").value<QDBusObjectPath>().path(), text("/NO_DBUSMENU"));
-    EXPECT_EQ(seen->newMenus, 2);
+    ASSERT_TRUE(joinsAgain());
+    EXPECT_EQ(menuPathSeen(), text("/NO_DBUSMENU"));
+    EXPECT_EQ(watcher->registered.size(), 3);
 }
 
 TEST_F(StatusMenuTest, OpensByAClickWhereNobodyTakesThat)
 {
     setMenu();
+    ASSERT_TRUE(joinsAgain());
     EXPECT_TRUE(seen->property("ItemIsMenu").toBool());
     item->button()->setClickHandler([](const StatusClick & /*click*/) {});
+    ASSERT_TRUE(joinsAgain());
     EXPECT_FALSE(seen->property("ItemIsMenu").toBool());
+}
+
+TEST_F(StatusMenuTest, ThatIsThereFromTheStartIsReadAtOnce)
+{
+    makeItem();
+    setMenu();
+    ASSERT_TRUE(joinsAgain());
+    EXPECT_EQ(menuPathSeen(), text("/MenuBar"));
+    EXPECT_EQ(watcher->registered.size(), 2);
 }
 
 TEST_F(StatusMenuTest, ItsItemsAreThoseThatWereSet)
 {
     setMenu();
+    ASSERT_TRUE(joinsAgain());
     const auto menu = layout();
     EXPECT_EQ(menu.root.id, 0);
     EXPECT_EQ(menu.root.properties.value(text("children-display")), text("submenu"));
@@ -102,6 +131,7 @@ TEST_F(StatusMenuTest, ItsItemsAreThoseThatWereSet)
 TEST_F(StatusMenuTest, TellsAsMuchAsIsAsked)
 {
     setMenu();
+    ASSERT_TRUE(joinsAgain());
     EXPECT_EQ(layout({text("label")}).items.value(3).properties,
               QVariantMap({{text("label"), text("Beat")}}));
     const auto shallow = seen->callMenu("GetLayout", {0, 0, QStringList()});
@@ -120,6 +150,7 @@ TEST_F(StatusMenuTest, TellsAsMuchAsIsAsked)
 TEST_F(StatusMenuTest, RunsWhatIsChosen)
 {
     setMenu();
+    ASSERT_TRUE(joinsAgain());
     const auto items = layout().items;
     choose(items.value(0).id, "hovered");
     choose(items.value(1).id); // the line
@@ -134,6 +165,7 @@ TEST_F(StatusMenuTest, RunsWhatIsChosen)
 TEST_F(StatusMenuTest, AChoiceFromAnOldMenuDoesNothing)
 {
     setMenu();
+    ASSERT_TRUE(joinsAgain());
     const auto old = layout();
     item->setMenu({{"Other", note(5)}});
     const auto now = layout();
@@ -147,6 +179,7 @@ TEST_F(StatusMenuTest, AChoiceFromAnOldMenuDoesNothing)
 TEST_F(StatusMenuTest, AnActionMayLetGoOfTheItem)
 {
     item->setMenu({{"Quit", [this] { item.reset(); }}});
+    ASSERT_TRUE(joinsAgain());
     choose(layout().items.value(0).id);
     EXPECT_TRUE(eventually([this] { return !item; }));
 }

@@ -58,7 +58,6 @@ SeenItem::SeenItem(QDBusConnection bus, QString service)
     , service_(std::move(service))
 {
     bus_.connect(service_, itemPath(), itemInterface(), QStringLiteral("NewIcon"), this, SLOT(takeNewIcon()));
-    bus_.connect(service_, itemPath(), itemInterface(), QStringLiteral("NewMenu"), this, SLOT(takeNewMenu()));
 }
 
 QVariant SeenItem::property(const char *name)

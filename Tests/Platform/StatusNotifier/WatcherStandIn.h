@@ -38,7 +38,7 @@ private:
 };
 
 // An item as a panel sees it. Waits for each answer.
-class SeenItem final : public QObject
+class SeenItem : public QObject
 {
     Q_OBJECT
 
@@ -52,11 +52,9 @@ public:
     QVariantList callMenu(const char *method, const QVariantList &arguments);
 
     int newIcons = 0; // the signals that came
-    int newMenus = 0;
 
 private Q_SLOTS:
     void takeNewIcon() { ++newIcons; }
-    void takeNewMenu() { ++newMenus; }
 
 private:
     QVariantList ask(const QString &path, const QString &interface, const char *method,
