@@ -37,7 +37,7 @@ public:
     // visible window has nothing to bring.
     virtual void activate() = 0;
 
-    // Regular until it is set. Holds for the windows that are visible and those that are presented later;
+    // Regular until it is set. Holds for the windows that are visible and those that are shown later;
     // where the desktop has no way to say so (Wayland) its windows stay regular ones.
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
 

@@ -1,11 +1,11 @@
 #include "Toolkit/Symbol.h"
 
-#include <QFile>
+#include "Platform/Symbols/SymbolDrawing.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSGImageNode>
-#include <QSvgRenderer>
 
 #include <cmath>
 #include <memory>
@@ -15,22 +15,6 @@ namespace toolkit {
 namespace {
 
 constexpr qreal sidePerTextSize = 1.2;
-
-// The drawings name their colour once, as the colour of the text around them.
-QByteArray coloured(QByteArray drawing, const QColor &color, bool isHeavy)
-{
-    auto paint = "fill=\"" + color.name().toLatin1() + '"';
-    if (isHeavy) {
-        paint += " stroke=\"" + color.name().toLatin1() + R"(" stroke-width="0.6" stroke-linejoin="round")";
-    }
-    return drawing.replace("fill=\"currentColor\"", paint);
-}
-
-QByteArray drawingOf(const QString &name)
-{
-    QFile file(QStringLiteral(":/symbols/") + name + QStringLiteral(".svg"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // With a pixel of nothing around it, so that its outline stays soft where it is scaled or turned.
 QImage framed(const QImage &image)
@@ -42,16 +26,13 @@ QImage framed(const QImage &image)
 
 QImage symbolImage(const QString &name, int side, const QColor &color, bool isHeavy)
 {
-    const auto drawing = drawingOf(name);
-    if (drawing.isEmpty() || side <= 0) {
+    if (side <= 0) {
         return {};
     }
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    painter.setOpacity(color.alphaF());
-    QSvgRenderer(coloured(drawing, color, isHeavy)).render(&painter, QRectF(image.rect()));
-    return image;
+    return platform::drawSymbol(painter, name, QRectF(image.rect()), color, isHeavy) ? image : QImage();
 }
 
 Symbol::Symbol(QQuickItem *parent)

@@ -16,7 +16,8 @@ class Symbol : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
 
-    // A system symbol name, such as "eye.fill"; those known are listed in symbols.cmake.
+    // A system symbol name, such as "eye.fill"; those known are listed in
+    // Platform/Symbols/symbols.cmake.
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     // The pixel size of the text that the symbol belongs to; its own side is 1.2 times that.
     Q_PROPERTY(qreal size READ size WRITE setSymbolSize NOTIFY sizeChanged)

@@ -65,9 +65,6 @@ void LinuxPlatform::present(QWindow &window, const QString &activationToken)
 {
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.show();
-    if (activationPolicy_ != ActivationPolicy::regular) {
-        listXWindow(window, false);
-    }
     window.raise();
     activateWindow(window, activationToken);
     activateXWindow(window, activationToken);
@@ -89,9 +86,11 @@ void LinuxPlatform::setActivationPolicy(ActivationPolicy policy)
     if (std::exchange(activationPolicy_, policy) == policy) {
         return;
     }
+    const bool isListed = policy == ActivationPolicy::regular;
     for (auto *window : visibleWindows()) {
-        listXWindow(*window, policy == ActivationPolicy::regular);
+        listXWindow(*window, isListed);
     }
+    unlistedWindows_ = isListed ? nullptr : std::make_unique<XUnlistedWindows>();
 }
 
 bool LinuxPlatform::placesWindows()

@@ -3,6 +3,7 @@
 
 #include "Platform/FallbackInputPoster.h"
 #include "Platform/Linux/Session/TerminationSignals.h"
+#include "Platform/Linux/X11/XUnlistedWindows.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtScheduler.h"
 
@@ -27,6 +28,7 @@ public:
 private:
     QtScheduler scheduler_;
     ActivationPolicy activationPolicy_ = ActivationPolicy::regular;
+    std::unique_ptr<XUnlistedWindows> unlistedWindows_; // while the policy is not the regular one
     std::optional<FallbackInputPoster> inputPoster_;
     std::unique_ptr<Appearance> appearance_;
     std::unique_ptr<ApplicationLink> applicationLink_;

@@ -28,11 +28,11 @@ void XUser::type(const QByteArray &text) const
     }
 }
 
-void XUser::click(QPoint place) const
+void XUser::click(QPoint place, std::uint8_t button) const
 {
     post(XCB_MOTION_NOTIFY, 0, place);
-    post(XCB_BUTTON_PRESS, XCB_BUTTON_INDEX_1);
-    post(XCB_BUTTON_RELEASE, XCB_BUTTON_INDEX_1);
+    post(XCB_BUTTON_PRESS, button);
+    post(XCB_BUTTON_RELEASE, button);
     x_.sync();
 }
 

@@ -23,8 +23,9 @@ public:
     void press(std::initializer_list<xcb_keysym_t> keys) const;
     // Types lower case letters, digits and what else needs no modifier.
     void type(const QByteArray &text) const;
-    // Moves the pointer to a point of the root window, and presses and releases the first button there.
-    void click(QPoint place) const;
+    // Moves the pointer to a point of the root window, and presses and releases a button there, the first one
+    // if not told otherwise.
+    void click(QPoint place, std::uint8_t button = XCB_BUTTON_INDEX_1) const;
 
 private:
     [[nodiscard]] xcb_keycode_t keyCodeOf(xcb_keysym_t symbol) const;

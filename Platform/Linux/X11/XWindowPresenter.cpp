@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 namespace platform {
 
@@ -28,6 +29,18 @@ xcb_atom_t atom(xcb_connection_t *x, const QByteArray &name)
         xcb_intern_atom_unchecked(x, 0, static_cast<std::uint16_t>(name.size()), name.constData());
     const auto reply = xReply(xcb_intern_atom_reply, x, cookie);
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+std::vector<xcb_atom_t> statesOf(xcb_connection_t *x, xcb_window_t window, xcb_atom_t type)
+{
+    constexpr std::uint32_t mostStates = 64;
+    const auto cookie = xcb_get_property_unchecked(x, 0, window, type, XCB_ATOM_ATOM, 0, mostStates);
+    const auto reply = xReply(xcb_get_property_reply, x, cookie);
+    if (!reply || reply->format != 32) {
+        return {};
+    }
+    const auto *first = static_cast<const xcb_atom_t *>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
 }
 
 xcb_window_t rootWindow(xcb_connection_t *x)
@@ -103,6 +116,24 @@ void listXWindow(const QWindow &window, bool isListed)
     message.data.data32[3] = sourceIsApplication;
     sendToRoot(x, message, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     xcb_flush(x);
+}
+
+void unlistHiddenXWindow(const QWindow &window)
+{
+    auto *x = toolkitConnection();
+    if (!x) {
+        return;
+    }
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const auto type = atom(x, "_NET_WM_STATE");
+    auto states = statesOf(x, id, type);
+    for (const auto *name : {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}) {
+        if (const auto state = atom(x, name); !std::ranges::count(states, state)) {
+            states.push_back(state);
+        }
+    }
+    xcb_change_property(x, XCB_PROP_MODE_REPLACE, id, type, XCB_ATOM_ATOM, 32,
+                        static_cast<std::uint32_t>(states.size()), states.data());
 }
 
 void activateXWindow(const QWindow &window, const QString &startupId)

@@ -21,4 +21,8 @@ void activateXWindow(const QWindow &window, const QString &startupId);
 // nothing happens where the toolkit does not run on X11.
 void listXWindow(const QWindow &window, bool isListed);
 
+// The same for a window that is about to be shown, which must not be listed: before it is mapped, windows say
+// so themselves.
+void unlistHiddenXWindow(const QWindow &window);
+
 } // namespace platform

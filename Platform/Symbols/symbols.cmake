@@ -1,6 +1,6 @@
 # The drawing that stands for each system symbol name. The drawings are those of Debian's bootstrap-icons; nothing of
 # them is kept in this tree.
-set(TOOLKIT_SYMBOLS
+set(PLATFORM_SYMBOLS
   "arrow.triangle.2.circlepath=arrow-repeat"
   "checkmark.circle.fill=check-circle-fill"
   "circle=circle"
@@ -11,6 +11,7 @@ set(TOOLKIT_SYMBOLS
   "eye.fill=eye-fill"
   "eye.slash.fill=eye-slash-fill"
   "gearshape=gear"
+  "heart.fill=heart-fill"
   "keyboard=keyboard"
   "number=hash"
   "paintpalette.fill=palette-fill"
@@ -26,9 +27,9 @@ set(TOOLKIT_SYMBOLS
 find_path(BOOTSTRAP_ICONS_DIR eye-fill.svg PATHS /usr/share/bootstrap-icons/svg REQUIRED NO_DEFAULT_PATH)
 
 # Compiles the drawings into the target's resources as :/symbols/<system symbol name>.svg.
-function(toolkit_add_symbols target)
+function(platform_add_symbols target)
   set(files "")
-  foreach(symbol IN LISTS TOOLKIT_SYMBOLS)
+  foreach(symbol IN LISTS PLATFORM_SYMBOLS)
     string(REGEX MATCH "^([^=]+)=(.+)$" _ "${symbol}")
     set(file "${BOOTSTRAP_ICONS_DIR}/${CMAKE_MATCH_2}.svg")
     if(NOT EXISTS "${file}")
