@@ -8,9 +8,17 @@ set(STIRRA_HEADERS "${CMAKE_INSTALL_INCLUDEDIR}/stirra")
 set(STIRRA_PACKAGE "${CMAKE_INSTALL_LIBDIR}/cmake/Stirra")
 
 # stirra_install_libraries(<target> ...): makes them a part of the package, as Stirra::<target>. What they are linked with
-# has to be a part of it as well.
+# has to be a part of it as well. Their resources come along.
 function(stirra_install_libraries)
-  install(TARGETS ${ARGN} EXPORT StirraTargets COMPONENT Development
+  set(parts ${ARGN})
+  foreach(library IN LISTS ARGN)
+    set(number 1)
+    while(TARGET ${library}_resources_${number})
+      list(APPEND parts ${library}_resources_${number})
+      math(EXPR number "${number} + 1")
+    endwhile()
+  endforeach()
+  install(TARGETS ${parts} EXPORT StirraTargets COMPONENT Development
     ARCHIVE DESTINATION "${STIRRA_ARCHIVES}"
     OBJECTS DESTINATION "${STIRRA_ARCHIVES}")
 endfunction()
@@ -31,13 +39,7 @@ endfunction()
 # stirra_install_views(<QML module>): the library, its plugin and what Qt's functions have added to them, and the module's
 # description, for the QML tools.
 function(stirra_install_views module)
-  set(parts ${module}_qmlcache ${module}plugin ${module}plugin_init)
-  set(number 1)
-  while(TARGET ${module}_resources_${number})
-    list(APPEND parts ${module}_resources_${number})
-    math(EXPR number "${number} + 1")
-  endwhile()
-  stirra_install_libraries(${module} ${parts})
+  stirra_install_libraries(${module} ${module}_qmlcache ${module}plugin ${module}plugin_init)
 
   get_target_property(folder ${module} QT_QML_MODULE_OUTPUT_DIRECTORY)
   get_target_property(types ${module} QT_QML_MODULE_TYPEINFO)
