@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 namespace sharedcore {
 
@@ -14,10 +15,12 @@ namespace sharedcore {
 template <std::signed_integral Number>
 [[nodiscard]] constexpr Number littleEndianAt(std::span<const std::byte> bytes, std::size_t offset)
 {
-    std::uint32_t value = 0;
-    for (std::size_t index = sizeof(Number); index-- > 0;) {
-        value = value << 8U | std::to_integer<std::uint32_t>(bytes[offset + index]);
+    // Written out, so that the compiler sees that it is one load.
+    const auto value = [ bytes, offset ]<std::size_t... index>(std::index_sequence<index...> /*unused*/)
+    {
+        return ((std::to_integer<std::uint32_t>(bytes[offset + index]) << (8 * index)) | ...);
     }
+    (std::make_index_sequence<sizeof(Number)>());
     return static_cast<Number>(static_cast<std::make_unsigned_t<Number>>(value));
 }
 

@@ -8,6 +8,12 @@
 
 namespace testsupport {
 
+namespace {
+
+constexpr long keptReports = 64; // as many as the kernel keeps for a reader
+
+} // namespace
+
 std::filesystem::path makeReportPipe(const std::filesystem::path &path)
 {
     std::filesystem::create_directories(path.parent_path());
@@ -20,8 +26,9 @@ std::filesystem::path makeReportPipe(const std::filesystem::path &path)
 ReportPipe::ReportPipe(const std::filesystem::path &path)
     : descriptor_(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC))
 {
-    // A named pipe is not opened with O_DIRECT, but it may be set.
-    if (descriptor_ < 0 || fcntl(descriptor_, F_SETFL, O_NONBLOCK | O_DIRECT) != 0) {
+    // A named pipe is not opened with O_DIRECT, but it may be set. Each report takes a page.
+    if (descriptor_ < 0 || fcntl(descriptor_, F_SETFL, O_NONBLOCK | O_DIRECT) != 0 ||
+        fcntl(descriptor_, F_SETPIPE_SZ, keptReports * sysconf(_SC_PAGESIZE)) < 0) {
         throw std::runtime_error("nobody reads the pipe " + path.string());
     }
 }

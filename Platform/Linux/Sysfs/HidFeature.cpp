@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::uint16_t sensorPage = 0x20;
 constexpr std::size_t widestSetting = 32;
+constexpr std::int32_t lastState = 15; // that the usage tables have room for
 
 struct Property
 {
@@ -50,10 +51,12 @@ std::optional<HidSetting> settingIn(const HidField &field, const Property &prope
         return settingAt(field, index,
                          std::clamp<std::int64_t>(value / property.unit, field.minimum, highest));
     }
+    if (field.isVariable || field.collection != HidUsage{sensorPage, property.usage} ||
+        property.firstState == 0 || value < 0 || value > lastState) {
+        return std::nullopt;
+    }
     const auto state = indexOf(field, static_cast<std::uint16_t>(property.firstState + value));
-    const bool isChoice = !field.isVariable && property.firstState != 0 &&
-                          field.collection == HidUsage{sensorPage, property.usage};
-    return isChoice && state < field.usages.size()
+    return state < field.usages.size()
                ? std::optional(settingAt(field, 0, field.minimum + static_cast<std::int64_t>(state)))
                : std::nullopt;
 }

@@ -70,6 +70,9 @@ TEST(HidFeature, HasNothingToWriteWithoutASetting)
     EXPECT_FALSE(settingOf(mouseDescriptor, "ReportInterval", 1000));
     EXPECT_FALSE(settingOf(accelerometerDescriptor, "Another", 1));
     EXPECT_FALSE(settingOf(accelerometerDescriptor, "SensorPropertyReportingState", 7)); // no such choice
+    for (const std::int32_t value : {-1, 0x1000'0041, INT32_MAX, INT32_MIN}) {
+        EXPECT_FALSE(settingOf(accelerometerDescriptor, "SensorPropertyReportingState", value));
+    }
 }
 
 } // namespace platform
