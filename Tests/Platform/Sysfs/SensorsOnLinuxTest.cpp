@@ -5,6 +5,8 @@
 #include "Tests/Platform/Sysfs/RegistryTest.h"
 #include "Tests/Support/Eventually.h"
 
+#include <QByteArray>
+
 #include <atomic>
 #include <thread>
 
@@ -104,6 +106,14 @@ TEST_F(SensorsOnLinuxTest, ReadTheLidDirectlyAndFromTheLight)
     EXPECT_EQ(lid.read(), 27);
     machine_.write("class/dmi/id/product_name", "MacBookAir7,2");
     EXPECT_TRUE(LidAngleSensor::isMacBook());
+}
+
+TEST_F(SensorsOnLinuxTest, AreThoseOfTheFolderThatTheEnvironmentNames)
+{
+    machine_.write("class/dmi/id/product_name", "MacBookAir7,2");
+    qputenv("STIRRA_HARDWARE_ROOT", QByteArray::fromStdString(machine_.root().string()));
+    EXPECT_EQ(makeNativeHardwareRegistry()->modelName(), "MacBookAir7,2");
+    qunsetenv("STIRRA_HARDWARE_ROOT");
 }
 
 TEST_F(SensorsOnLinuxTest, AreReadFromFourThreadsWhileReportsStream)
