@@ -33,4 +33,8 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Saving and finding persistent records, 100,000 of them.
 [[nodiscard]] std::vector<Row> recordRows();
 
+// Decoding of an accelerometer's reports, a stream of them, and a lid's angle without a sensor. Takes some 6
+// s.
+[[nodiscard]] std::vector<Row> sensorRows();
+
 } // namespace benchmarks

@@ -62,6 +62,7 @@ int measure(int argc, char **argv)
     report.add("a million ticks", longRunRows);
     report.add("storage", storageRows);
     report.add("records", recordRows);
+    report.add("sensors", sensorRows);
     report.print();
     return report.isComplete() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -11,15 +11,25 @@ namespace {
 // 2^63 is the smallest double above the signed 64-bit range; its negative is the lowest one in it.
 constexpr double twoToThe63 = 9223372036854775808.0;
 
-} // namespace
-
-std::int64_t checkedSum(std::int64_t left, std::int64_t right)
+template <class Integer> Integer sumOf(Integer left, Integer right)
 {
-    std::int64_t sum = 0;
+    Integer sum = 0;
     if (__builtin_add_overflow(left, right, &sum)) {
         fatalError("arithmetic overflow");
     }
     return sum;
+}
+
+} // namespace
+
+std::int64_t checkedSum(std::int64_t left, std::int64_t right)
+{
+    return sumOf(left, right);
+}
+
+std::uint64_t checkedUnsignedSum(std::uint64_t left, std::uint64_t right)
+{
+    return sumOf(left, right);
 }
 
 std::int64_t checkedRemainder(std::int64_t dividend, std::int64_t divisor)

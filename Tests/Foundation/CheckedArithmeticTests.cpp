@@ -10,8 +10,10 @@ namespace {
 using foundation::checkedInteger;
 using foundation::checkedRemainder;
 using foundation::checkedSum;
+using foundation::checkedUnsignedSum;
 
 constexpr auto largest = std::numeric_limits<std::int64_t>::max();
+constexpr auto largestUnsigned = std::numeric_limits<std::uint64_t>::max();
 constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
 
 TEST(CheckedArithmetic, AddsUpToTheEndsOfTheRange)
@@ -24,6 +26,16 @@ TEST(CheckedArithmeticDeathTest, StopsTheProcessWhereASumDoesNotFit)
 {
     EXPECT_DEATH(checkedSum(largest, 1), "Fatal error: arithmetic overflow");
     EXPECT_DEATH(checkedSum(smallest, -1), "Fatal error: arithmetic overflow");
+}
+
+TEST(CheckedArithmetic, AddsUnsignedNumbersUpToTheEndOfTheirRange)
+{
+    EXPECT_EQ(checkedUnsignedSum(largestUnsigned - 1, 1), largestUnsigned);
+}
+
+TEST(CheckedArithmeticDeathTest, StopsTheProcessWhereAnUnsignedSumDoesNotFit)
+{
+    EXPECT_DEATH(checkedUnsignedSum(largestUnsigned, 1), "Fatal error: arithmetic overflow");
 }
 
 TEST(CheckedArithmetic, ARemainderHasTheSignOfItsDividend)
