@@ -24,6 +24,10 @@ HStack {
         {
             name: "badge",
             symbol: "checkmark.circle.fill"
+        },
+        {
+            name: "sensors",
+            symbol: "gauge"
         }
     ]
     readonly property int current: Math.max(0, pages.findIndex(page => page.name === GallerySettings.page))

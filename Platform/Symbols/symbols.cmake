@@ -10,6 +10,7 @@ set(PLATFORM_SYMBOLS
   "exclamationmark.triangle.fill=exclamation-triangle-fill"
   "eye.fill=eye-fill"
   "eye.slash.fill=eye-slash-fill"
+  "gauge=speedometer2"
   "gearshape=gear"
   "heart.fill=heart-fill"
   "keyboard=keyboard"
