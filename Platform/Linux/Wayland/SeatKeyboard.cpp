@@ -22,6 +22,7 @@ const wl_keyboard_listener SeatKeyboard::keyboardListener{
         auto &keyboard = *static_cast<SeatKeyboard *>(self);
         keyboard.keymap_ = FileDescriptor(file);
         keyboard.keymapSize_ = format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 ? size : 0;
+        ++keyboard.keymapCount_;
     },
     [](void *, wl_keyboard *, std::uint32_t, wl_surface *, wl_array *) {},
     [](void *, wl_keyboard *, std::uint32_t, wl_surface *) {},

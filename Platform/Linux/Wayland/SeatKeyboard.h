@@ -26,6 +26,8 @@ public:
     [[nodiscard]] wl_seat *seat() const { return seat_.get(); }
     // The keymap's text; empty where the seat has no keyboard or its keymap cannot be read.
     [[nodiscard]] QByteArray keymapText() const;
+    // How many keymaps the compositor has told: one that has changed is one more.
+    [[nodiscard]] int keymapCount() const { return keymapCount_; }
 
 private:
     struct Release
@@ -42,6 +44,7 @@ private:
     std::unique_ptr<wl_keyboard, Release> keyboard_;
     FileDescriptor keymap_;
     std::uint32_t keymapSize_ = 0;
+    int keymapCount_ = 0;
 };
 
 } // namespace platform

@@ -63,7 +63,10 @@ void WaylandConnection::drain()
 void WaylandConnection::watch()
 {
     notifier_ = std::make_unique<QSocketNotifier>(wl_display_get_fd(get()), QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] { drain(); });
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [this] {
+        drain();
+        flush(); // what was asked for upon what came
+    });
 }
 
 bool WaylandConnection::roundTrip(Clock::time_point deadline)

@@ -24,12 +24,23 @@ bool WaylandGlobals::offers(const std::string &interface) const
 void *WaylandGlobals::bindUntyped(const wl_interface &interface, std::uint32_t newestVersion)
 {
     const auto global = std::ranges::find(globals_, interface.name, &Global::interface);
-    if (global == globals_.end()) {
-        return nullptr;
-    }
-    global->isBound = true;
-    return wl_registry_bind(registry_.get(), global->name, &interface,
-                            std::min(global->version, newestVersion));
+    return global == globals_.end() ? nullptr : bind(*global, interface, newestVersion);
+}
+
+void *WaylandGlobals::bindNextUntyped(const wl_interface &interface, std::uint32_t newestVersion)
+{
+    const auto isNext = [&interface](const Global &global) {
+        return global.interface == interface.name && !global.isBound;
+    };
+    const auto global = std::ranges::find_if(globals_, isNext);
+    return global == globals_.end() ? nullptr : bind(*global, interface, newestVersion);
+}
+
+void *WaylandGlobals::bind(Global &global, const wl_interface &interface, std::uint32_t newestVersion)
+{
+    global.isBound = true;
+    return wl_registry_bind(registry_.get(), global.name, &interface,
+                            std::min(global.version, newestVersion));
 }
 
 void WaylandGlobals::remove(std::uint32_t name)

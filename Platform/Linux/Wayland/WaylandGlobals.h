@@ -27,6 +27,13 @@ public:
         return WaylandObject<Proxy>(static_cast<Proxy *>(bindUntyped(interface, newestVersion)));
     }
 
+    // The same for an offer that was not taken before, where there are several: one for each screen.
+    template <class Proxy>
+    [[nodiscard]] WaylandObject<Proxy> bindNext(const wl_interface &interface, std::uint32_t newestVersion)
+    {
+        return WaylandObject<Proxy>(static_cast<Proxy *>(bindNextUntyped(interface, newestVersion)));
+    }
+
     // Whether the compositor took back something that was bound.
     [[nodiscard]] bool isAnythingBoundGone() const { return isAnythingBoundGone_; }
 
@@ -40,6 +47,8 @@ private:
     };
 
     [[nodiscard]] void *bindUntyped(const wl_interface &interface, std::uint32_t newestVersion);
+    [[nodiscard]] void *bindNextUntyped(const wl_interface &interface, std::uint32_t newestVersion);
+    [[nodiscard]] void *bind(Global &global, const wl_interface &interface, std::uint32_t newestVersion);
     void remove(std::uint32_t name);
 
     static const wl_registry_listener listener;

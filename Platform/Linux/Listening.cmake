@@ -1,0 +1,17 @@
+# What listens to the session's input, apart from Platform: see InputListener.h.
+target_sources(PlatformListening PRIVATE
+  Linux/LinuxInputListener.cpp
+  Linux/Listening/CompositorView.cpp
+  Linux/Listening/Delivery.h
+  Linux/Listening/HeldButtons.h
+  Linux/Listening/KeyText.cpp Linux/Listening/KeyText.h
+  Linux/Listening/LibinputTap.cpp Linux/Listening/LibinputTap.h
+  Linux/Listening/SeatDevices.cpp Linux/Listening/SeatDevices.h
+  Linux/Listening/SessionView.h
+  Linux/Listening/Xkb.h
+  Linux/VirtualKeys.cpp Linux/VirtualKeys.h
+  Linux/X11/XButtons.cpp Linux/X11/XButtons.h
+  Linux/X11/XInputTap.cpp Linux/X11/XInputTap.h
+  Linux/X11/XKeyboard.cpp Linux/X11/XKeyboard.h
+)
+target_link_libraries(PlatformListening PRIVATE Platform PkgConfig::LISTENING PkgConfig::WAYLAND_CLIENT)

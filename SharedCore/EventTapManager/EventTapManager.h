@@ -1,0 +1,62 @@
+// Sees where the pointer goes and what is typed, in the whole session.
+#pragma once
+
+#include "Platform/InputListener.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sharedcore {
+
+// Only listens: what other programs get is the same. Callbacks come one event at a time from the event loop
+// of the thread that started tracking, and nothing of an event is kept once its callback has returned. A
+// callback may start, stop or destroy the manager. Takes no locks: one thread, which has a Qt event loop.
+//
+// Where the user's system does not let the program at its input, the two start operations say false and
+// nothing else; see checkAccessibility(). Other failures, and successes, are told on the standard output.
+class EventTapManager
+{
+public:
+    // Where the pointer is, in points from the top left of the desktop.
+    using MouseCallback = std::function<void(platform::PointerLocation)>;
+    // What a key press types, at most 4 units of UTF-16, as UTF-8; its virtual key code; and whether it is
+    // the Delete (backspace) key, which types nothing.
+    using KeyCallback =
+        std::function<void(const std::string &characters, std::uint16_t keyCode, bool isDelete)>;
+
+    EventTapManager() = default;
+    EventTapManager(const EventTapManager &) = delete;
+    EventTapManager &operator=(const EventTapManager &) = delete;
+    ~EventTapManager();
+
+    // From now on the callback is told of each move of the pointer, with no button held or with the left or
+    // the right one. A second start replaces the callback, and delivers each event to it once more.
+    bool startMouseTracking(MouseCallback callback);
+    // From now on the callback is told of each key that is pressed, modifiers apart. The same for a second
+    // start.
+    bool startKeyTracking(KeyCallback callback);
+
+    // Whether the program may listen here. Asks nobody.
+    [[nodiscard]] bool checkAccessibility() const;
+
+    // Stops what was started last of each kind, for good: only another start goes on. What was started before
+    // that is not stopped.
+    void stopAll();
+
+private:
+    void replace(std::unique_ptr<platform::InputTap> &tap, platform::EventMask mask,
+                 platform::InputListener::Handler handler);
+    void observePointer(const platform::ObservedEvent &event) const;
+    void observeKey(const platform::ObservedEvent &event) const;
+
+    std::unique_ptr<platform::InputTap> mouseTap_;
+    std::shared_ptr<const MouseCallback> mouseCallback_;
+    std::unique_ptr<platform::InputTap> keyTap_;
+    std::shared_ptr<const KeyCallback> keyCallback_;
+    std::vector<std::unique_ptr<platform::InputTap>> earlierTaps_; // which still deliver
+};
+
+} // namespace sharedcore

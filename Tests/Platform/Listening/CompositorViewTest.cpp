@@ -1,0 +1,70 @@
+// What a compositor tells those who listen beside it.
+
+#include "Platform/Linux/Listening/SessionView.h"
+
+#include "Platform/Linux/Wayland/Keymap.h"
+#include "Tests/Platform/Wayland/WlrootsPosterTest.h"
+#include "Tests/Support/Eventually.h"
+#include "Tests/Support/QtPrinting.h"
+#include "Tests/Support/Wayland/PrivateSway.h"
+#include "Tests/Support/Wayland/WaylandStandIn.h"
+#include "Tests/Support/Wayland/WaylandUser.h"
+
+#include <gmock/gmock.h>
+
+#include <linux/input-event-codes.h>
+
+namespace platform {
+
+namespace {
+
+using testing::HasSubstr;
+using testsupport::eventually;
+using testsupport::PrivateRuntime;
+using testsupport::PrivateSway;
+using testsupport::ScopedWaylandDisplay;
+using testsupport::WaylandStandIn;
+using testsupport::WaylandUser;
+
+} // namespace
+
+TEST(CompositorViewTest, TheLayoutAndTheDesktopAreTheCompositors)
+{
+    PrivateRuntime runtime;
+    const PrivateSway sway(runtime, "output HEADLESS-1 scale 2\n");
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    const auto view = openCompositorView();
+    EXPECT_EQ(view->changedKeymap(), defaultKeymapText()) << "no keyboard yet";
+    EXPECT_EQ(view->changedKeymap(), "");
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 640, 400); }));
+
+    const auto german = WaylandUser::keymapOfLayout("de");
+    WaylandUser user(sway.display(), german);
+    user.type(KEY_A);
+    QByteArray keymap;
+    ASSERT_TRUE(eventually([&] { return !(keymap = view->changedKeymap()).isEmpty(); }));
+    EXPECT_THAT(keymap.toStdString(), HasSubstr("German"));
+    EXPECT_EQ(view->changedKeymap(), "");
+}
+
+TEST(CompositorViewTest, WithoutAnAnswerTheLayoutIsTheSystemsAndTheDesktopIsNotKnown)
+{
+    PrivateRuntime runtime;
+    const auto expectDefaults = [] {
+        const auto view = openCompositorView();
+        EXPECT_EQ(view->changedKeymap(), defaultKeymapText());
+        EXPECT_EQ(view->changedKeymap(), "");
+        EXPECT_TRUE(view->desktop().isEmpty());
+    };
+    {
+        const ScopedWaylandDisplay nobody(QStringLiteral("/nonexistent"));
+        expectDefaults();
+    }
+    WaylandStandIn standIn(runtime.path(QStringLiteral("wayland")));
+    standIn.pause();
+    const ScopedWaylandDisplay silent(runtime.path(QStringLiteral("wayland")));
+    expectDefaults();
+}
+
+} // namespace platform
