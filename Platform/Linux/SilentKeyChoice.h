@@ -1,6 +1,7 @@
 // The keys that carry the key events that must do nothing, whatever the way they are posted.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -14,7 +15,8 @@ namespace platform {
 [[nodiscard]] std::optional<std::uint16_t>
 chooseSilentKey(std::uint16_t virtualKeyCode, const std::function<bool(std::uint16_t evdevCode)> &isUsed);
 
-// The lowest and the highest code that can be chosen.
+// The codes that can be chosen; the lowest and the highest.
+inline constexpr std::array<std::uint16_t, 3> silentKeyCodes{189, 194, 240};
 inline constexpr std::uint16_t lowestSilentKey = 189;
 inline constexpr std::uint16_t highestSilentKey = 240;
 

@@ -18,6 +18,7 @@ constexpr unsigned untilRevoked = 2; // the persist mode
 constexpr unsigned keyDown = 1;
 constexpr unsigned keyUp = 0;
 constexpr std::chrono::milliseconds betweenAnsweredCalls(1000);
+constexpr std::chrono::milliseconds timeForASymbol(1000);
 
 // The portal's documentation says string, and some say object path.
 QString pathIn(const QVariant &value)
@@ -159,6 +160,18 @@ void RemoteDesktopSession::typeKey(std::int32_t code)
             bus_.send(release);
         }
     });
+}
+
+// The release is sent even where nothing was heard of the press, which may yet take effect.
+bool RemoteDesktopSession::typeSymbolAndWait(std::int32_t symbol)
+{
+    bool isTaken = true;
+    for (const auto state : {keyDown, keyUp}) {
+        const auto call = notification("NotifyKeyboardKeysym", {symbol, state});
+        const auto reply = bus_.call(call, QDBus::Block, static_cast<int>(timeForASymbol.count()));
+        isTaken = reply.type() == QDBusMessage::ReplyMessage && isTaken;
+    }
+    return isTaken;
 }
 
 QDBusMessage RemoteDesktopSession::notification(const char *method, const QVariantList &arguments,

@@ -47,6 +47,10 @@ public:
     void scroll(double dy, bool isLast);
     // One key, by evdev code, goes down and comes up. REQUIRES: hasKeyboard().
     void typeKey(std::int32_t code);
+    // The same for a key symbol, as far as the desktop's layout has it; the portal does not tell. Waits for
+    // the portal, at most a second for each of the two: not for the main thread. False where it refuses or
+    // does not answer. REQUIRES: hasKeyboard().
+    [[nodiscard]] bool typeSymbolAndWait(std::int32_t symbol);
 
 Q_SIGNALS:
     // The token opens the next session without a question, once; empty where the portal gives none.

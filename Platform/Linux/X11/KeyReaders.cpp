@@ -1,0 +1,143 @@
+#include "Platform/Linux/X11/KeyReaders.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <chrono>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <thread>
+
+namespace platform {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds patience(2000);
+constexpr milliseconds timeOfOthers(300);
+constexpr int mostGenerations = 16;
+
+struct Atoms
+{
+    xcb_atom_t protocols;
+    xcb_atom_t ping;
+};
+
+xcb_atom_t atomNamed(XConnection &connection, std::string_view name)
+{
+    const auto cookie =
+        xcb_intern_atom_unchecked(connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto reply = xReply(xcb_intern_atom_reply, connection.get(), cookie);
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+bool answersPings(XConnection &connection, xcb_window_t window, const Atoms &atoms)
+{
+    constexpr std::uint32_t mostProtocols = 64;
+    const auto cookie = xcb_get_property_unchecked(connection.get(), 0, window, atoms.protocols,
+                                                   XCB_ATOM_ATOM, 0, mostProtocols);
+    const auto reply = xReply(xcb_get_property_reply, connection.get(), cookie);
+    if (!reply || reply->format != 32) {
+        return false;
+    }
+    const std::span protocols(static_cast<const xcb_atom_t *>(xcb_get_property_value(reply.get())),
+                              reply->value_len);
+    return std::ranges::find(protocols, atoms.ping) != protocols.end();
+}
+
+xcb_window_t parentOf(XConnection &connection, xcb_window_t window)
+{
+    const auto reply =
+        xReply(xcb_query_tree_reply, connection.get(), xcb_query_tree_unchecked(connection.get(), window));
+    return reply ? reply->parent : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+// The window with the focus, or the one around it, that answers pings.
+std::optional<xcb_window_t> windowToAsk(XConnection &connection, const Atoms &atoms)
+{
+    const auto focus =
+        xReply(xcb_get_input_focus_reply, connection.get(), xcb_get_input_focus_unchecked(connection.get()));
+    auto window = focus ? focus->focus : xcb_window_t{XCB_WINDOW_NONE};
+    for (int i = 0; i < mostGenerations && window > XCB_INPUT_FOCUS_POINTER_ROOT; ++i) {
+        if (answersPings(connection, window, atoms)) {
+            return window;
+        }
+        window = parentOf(connection, window);
+    }
+    return std::nullopt;
+}
+
+// Programs send their answers to the root window, whoever asked.
+void listenAtRoot(XConnection &connection, std::uint32_t events)
+{
+    xcb_change_window_attributes(connection.get(), connection.rootWindow(), XCB_CW_EVENT_MASK, &events);
+}
+
+xcb_client_message_event_t pingOf(xcb_window_t window, const Atoms &atoms)
+{
+    xcb_client_message_event_t ping{};
+    ping.response_type = XCB_CLIENT_MESSAGE;
+    ping.format = 32;
+    ping.window = window;
+    ping.type = atoms.protocols;
+    const auto mark = static_cast<std::uint32_t>(Clock::now().time_since_epoch().count());
+    std::ranges::copy(std::array<std::uint32_t, 3>{atoms.ping, mark, window}, std::begin(ping.data.data32));
+    return ping;
+}
+
+bool isAnswer(const xcb_generic_event_t &event, const xcb_client_message_event_t &ping)
+{
+    constexpr std::uint8_t withoutSender = 0x7f;
+    if ((event.response_type & withoutSender) != XCB_CLIENT_MESSAGE) {
+        return false;
+    }
+    const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(event); // NOLINT
+    return message.type == ping.type && message.window != ping.window &&
+           std::equal(std::begin(ping.data.data32), std::begin(ping.data.data32) + 3,
+                      message.data.data32); // NOLINT
+}
+
+void awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping)
+{
+    const auto deadline = Clock::now() + patience;
+    pollfd file{xcb_get_file_descriptor(connection.get()), POLLIN, 0};
+    while (connection.isOpen() && Clock::now() < deadline) {
+        while (const auto event = XReply<xcb_generic_event_t>(xcb_poll_for_event(connection.get()))) {
+            if (isAnswer(*event, ping)) {
+                return;
+            }
+        }
+        const auto left = std::chrono::ceil<milliseconds>(deadline - Clock::now());
+        poll(&file, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+    }
+}
+
+void ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
+{
+    const auto ping = pingOf(window, atoms);
+    // The one that the convention names, and the one that Qt uses.
+    listenAtRoot(connection, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&ping)); // NOLINT
+    xcb_flush(connection.get());
+    awaitAnswer(connection, ping);
+    listenAtRoot(connection, XCB_EVENT_MASK_NO_EVENT);
+    connection.flush();
+}
+
+} // namespace
+
+void awaitKeyReaders(XConnection &connection)
+{
+    const Atoms atoms{atomNamed(connection, "WM_PROTOCOLS"), atomNamed(connection, "_NET_WM_PING")};
+    if (const auto window = windowToAsk(connection, atoms)) {
+        ask(connection, *window, atoms);
+    } else {
+        std::this_thread::sleep_for(timeOfOthers);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,111 @@
+#include "Platform/Linux/X11/XtestTextTyper.h"
+
+#include "Platform/Linux/X11/KeyReaders.h"
+#include "Platform/Linux/X11/Xwayland.h"
+
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+std::unique_ptr<TextTyper> XtestTextTyper::create(std::u16string_view text, QString &why)
+{
+    std::unique_ptr<XtestTextTyper> typer(new XtestTextTyper(text));
+    auto obstacle = typer->open();
+    if (!obstacle.isEmpty()) {
+        why = std::move(obstacle);
+        return nullptr;
+    }
+    return typer;
+}
+
+XtestTextTyper::XtestTextTyper(std::u16string_view text)
+    : symbols_(platform::typedSymbols(text))
+{}
+
+QString XtestTextTyper::open()
+{
+    if (!connection_.isOpen()) {
+        return QStringLiteral("No X server answers.");
+    }
+    const auto *xtest = xcb_get_extension_data(connection_.get(), &xcb_test_id);
+    if (!xtest || !xtest->present || !startKeyboardExtensions(connection_)) {
+        return QStringLiteral("The X server lacks XTEST, XKEYBOARD or XInput 2.");
+    }
+    if (isXwayland(connection_)) {
+        return QStringLiteral("The X server is Xwayland: what is typed there reaches X programs alone.");
+    }
+    keys_.emplace(connection_);
+    control_.emplace(connection_);
+    if (keys_->capacity() == 0) {
+        return QStringLiteral("The keymap gives every key a meaning, so there is none to type with.");
+    }
+    guard_.emplace(keys_->originals());
+    return guard_->isOpen() ? QString() : QStringLiteral("No process can be started to guard the keymap.");
+}
+
+XtestTextTyper::~XtestTextTyper()
+{
+    if (typedSymbols_ > 0 && isOpen()) {
+        awaitKeyReaders(connection_);
+        keys_->giveBack();
+        control_->restore();
+        connection_.flush();
+    }
+}
+
+bool XtestTextTyper::post(const CharacterEvent &event)
+{
+    if (event.isDown) {
+        pressed_ = event.units;
+        return isOpen();
+    }
+    const auto symbols = platform::typedSymbols(event.units);
+    if (std::exchange(pressed_, {}) != event.units || symbols.empty()) {
+        return false;
+    }
+    control_->release();
+    const bool isTyped = std::ranges::all_of(symbols, [this](KeySymbol symbol) { return type(symbol); });
+    connection_.flush();
+    return isTyped && isOpen();
+}
+
+bool XtestTextTyper::type(KeySymbol symbol)
+{
+    if (!keys_->keyOf(symbol)) {
+        if (typedSymbols_ > 0) {
+            awaitKeyReaders(connection_);
+        }
+        keys_->lend(nextSymbols(symbol));
+    }
+    const auto key = keys_->keyOf(symbol);
+    ++typedSymbols_;
+    if (key) {
+        postKey(*key);
+    }
+    return key.has_value();
+}
+
+// Those that come next in the text, as many as there are keys.
+std::vector<KeySymbol> XtestTextTyper::nextSymbols(KeySymbol first) const
+{
+    std::vector next{first};
+    for (auto i = typedSymbols_; i < symbols_.size() && next.size() < keys_->capacity(); ++i) {
+        if (std::ranges::find(next, symbols_[i]) == next.end()) {
+            next.push_back(symbols_[i]);
+        }
+    }
+    return next;
+}
+
+void XtestTextTyper::postKey(xcb_keycode_t key)
+{
+    for (const auto type : std::array<std::uint8_t, 2>{XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+        xcb_test_fake_input(connection_.get(), type, key, XCB_CURRENT_TIME, connection_.rootWindow(), 0, 0,
+                            0);
+    }
+}
+
+} // namespace platform

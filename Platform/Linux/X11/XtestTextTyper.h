@@ -1,0 +1,45 @@
+// Types text on X11 with the XTEST extension.
+#pragma once
+
+#include "Platform/Linux/X11/HeldControl.h"
+#include "Platform/Linux/X11/KeymapGuard.h"
+#include "Platform/Linux/X11/LentKeys.h"
+#include "Platform/TextTyper.h"
+
+#include <optional>
+
+namespace platform {
+
+// Each code point is the key of a symbol; keys without a meaning are lent for as many as there are such keys,
+// and lent anew when others are needed, after programs have read those before. A character of several code
+// points is sent in one piece. The keymap is as it was when the typer has gone, or half a second after the
+// program was ended from outside.
+class XtestTextTyper final : public TextTyper
+{
+public:
+    // Nothing where there is no X server, it lacks an extension, it is Xwayland, or its keymap has no key to
+    // spare; `why` then says so.
+    [[nodiscard]] static std::unique_ptr<TextTyper> create(std::u16string_view text, QString &why);
+    ~XtestTextTyper() override;
+
+    bool post(const CharacterEvent &event) override;
+    bool isOpen() const override { return connection_.isOpen(); }
+
+private:
+    explicit XtestTextTyper(std::u16string_view text);
+
+    [[nodiscard]] QString open();
+    [[nodiscard]] bool type(KeySymbol symbol);
+    [[nodiscard]] std::vector<KeySymbol> nextSymbols(KeySymbol first) const;
+    void postKey(xcb_keycode_t key);
+
+    XConnection connection_;
+    std::vector<KeySymbol> symbols_; // of the whole text
+    std::size_t typedSymbols_ = 0;
+    std::u16string pressed_;
+    std::optional<LentKeys> keys_;
+    std::optional<HeldControl> control_;
+    std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
+};
+
+} // namespace platform

@@ -1,0 +1,75 @@
+// The service that types text into the program that has the focus.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <string_view>
+
+namespace platform {
+
+// The key of one character, whatever the keyboard has, goes down or comes up. `units` are all the UTF-16
+// units of what a user takes for one character: an emoji or a letter with its marks has several. A newline
+// ("\n",
+// "\r" or both) is the Return key and a tab is the Tab key; other control characters are no keys.
+struct CharacterEvent
+{
+    std::u16string_view units;
+    bool isDown = false;
+};
+
+// Types one text. Lives on the thread that opened it, and gives back what it borrowed of the keyboard when it
+// goes, as soon as the programs have read what was typed.
+class TextTyper
+{
+public:
+    TextTyper() = default;
+    TextTyper(const TextTyper &) = delete;
+    TextTyper &operator=(const TextTyper &) = delete;
+    virtual ~TextTyper() = default;
+
+    // Hands the event over. A press takes effect together with its release, which names the same units: a key
+    // that goes down comes up, whatever happens. Modifiers that the user holds change nothing of what is
+    // typed. False: the character cannot be typed here or there is nobody to hand it to, and none of it
+    // arrives.
+    virtual bool post(const CharacterEvent &event) = 0;
+
+    // False once the way to the system is lost; nothing more can be typed.
+    [[nodiscard]] virtual bool isOpen() const = 0;
+};
+
+// The ways to type that the running system has. Any thread.
+class TypingServices
+{
+public:
+    TypingServices() = default;
+    TypingServices(const TypingServices &) = delete;
+    TypingServices &operator=(const TypingServices &) = delete;
+    virtual ~TypingServices() = default;
+
+    // Prepares for a text, which is then posted in order. Nothing where the system has no way to type now;
+    // `why`, one English sentence for trouble-shooting, then says so.
+    [[nodiscard]] virtual std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why) = 0;
+
+    // The services that are installed; where none are, the operating system's.
+    [[nodiscard]] static TypingServices &current();
+};
+
+// Makes `services` the current ones for as long as the installation lives; those before come back after it.
+// REQUIRES: no other thread uses the current ones while this is made or goes.
+class TypingInstallation
+{
+public:
+    explicit TypingInstallation(TypingServices &services);
+    TypingInstallation(const TypingInstallation &) = delete;
+    TypingInstallation &operator=(const TypingInstallation &) = delete;
+    ~TypingInstallation();
+
+private:
+    TypingServices *previous_;
+};
+
+// The services of the operating system.
+[[nodiscard]] std::unique_ptr<TypingServices> makeNativeTyping();
+
+} // namespace platform

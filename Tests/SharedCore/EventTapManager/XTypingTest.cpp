@@ -1,0 +1,78 @@
+// Text that is typed on X11 arrives whole in programs of several toolkits and in a terminal.
+
+#include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
+
+namespace sharedcore {
+
+using testing::Eq;
+
+TEST_F(XTypingTest, ATextArrivesWholeInAGtkEntry)
+{
+    const auto entry = openGtkEntry();
+    ASSERT_TRUE(entry->hasFocus());
+    EXPECT_EQ(type(QByteArray(manyAlphabets) + '\n'), 0);
+    EXPECT_THAT(entry->result(), Eq(QByteArray(manyAlphabets) + '\n'));
+}
+
+TEST_F(XTypingTest, ATextArrivesWholeInAQtField)
+{
+    const auto field = openQtField();
+    ASSERT_TRUE(field->hasFocus());
+    EXPECT_EQ(type(QByteArray(manyAlphabets) + '\n'), 0);
+    EXPECT_THAT(field->result(), Eq(QByteArray(manyAlphabets) + '\n'));
+}
+
+TEST_F(XTypingTest, ATextArrivesWholeInATerminalWithItsLinesAndTabs)
+{
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    EXPECT_EQ(type(QByteArray(manyAlphabets) + "\n\tsecond\r\nline"), 0);
+    const auto expected = QByteArray(manyAlphabets) + "\r\tsecond\rline"; // Return is a carriage return there
+    EXPECT_TRUE(terminalComesToHave(expected));
+    EXPECT_THAT(typedIntoTerminal(), Eq(expected));
+}
+
+// A user of another layout than that of the text.
+TEST_F(XTypingTest, TheLayoutDoesNotMatter)
+{
+    testsupport::ChildProcess layout(QStringLiteral("setxkbmap"),
+                                     {QStringLiteral("fr,ru"), QStringLiteral("bepo,")},
+                                     runtime_.environment());
+    ASSERT_EQ(layout.waitForExit(), 0);
+    const auto before = keymap();
+    const auto field = openQtField();
+    ASSERT_TRUE(field->hasFocus());
+    EXPECT_EQ(type("azerty QWERTY 1!\n"), 0);
+    EXPECT_THAT(field->result(), Eq("azerty QWERTY 1!\n"));
+    EXPECT_EQ(keymap(), before);
+}
+
+TEST_F(XTypingTest, WhatHasNoKeyIsLeftOutAndToldOf)
+{
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    EXPECT_EQ(type("a\x1b\x07"
+                   "b"),
+              1);
+    EXPECT_TRUE(terminalComesToHave("ab"));
+    EXPECT_THAT(typedIntoTerminal(), Eq("ab"));
+}
+
+TEST_F(XTypingTest, WithoutADisplayNothingIsTypedAndTheAnswerSaysSo)
+{
+    runtime_.environment().insert(QStringLiteral("DISPLAY"), QStringLiteral(":64321"));
+    EXPECT_EQ(type("ab"), 1);
+}
+
+TEST_F(XTypingTest, TheEnvironmentCanForbidIt)
+{
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    for (const auto *way : {"none", "uinput", "wlroots"}) {
+        runtime_.environment().insert(QStringLiteral("STIRRA_INPUT_BACKEND"), QString::fromLatin1(way));
+        EXPECT_EQ(type("ab"), 1) << way;
+    }
+    EXPECT_EQ(typedIntoTerminal(), QByteArray());
+}
+
+} // namespace sharedcore
