@@ -59,9 +59,12 @@ void RemoteDesktopRequest::takeReply(QDBusPendingCallWatcher *reply)
     reply->deleteLater();
     if (handle.isError()) {
         finish(Answer::failed, {});
-    } else if (handle.value().path() != path_) {
+        return;
+    }
+    if (handle.value().path() != path_) {
         listenAt(handle.value().path()); // a portal from before there were tokens
     }
+    Q_EMIT taken();
 }
 
 void RemoteDesktopRequest::takeResponse(unsigned code, const QVariantMap &results)

@@ -36,6 +36,8 @@ public:
     void send(const QDBusMessage &call);
 
 Q_SIGNALS:
+    // The portal has taken the call, and may take any time for the answer.
+    void taken();
     // Once.
     void answered(platform::RemoteDesktopRequest::Answer answer, const QVariantMap &results);
 
