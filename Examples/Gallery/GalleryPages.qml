@@ -26,6 +26,10 @@ HStack {
             symbol: "checkmark.circle.fill"
         },
         {
+            name: "input",
+            symbol: "keyboard"
+        },
+        {
             name: "sensors",
             symbol: "gauge"
         }

@@ -2,6 +2,8 @@
 
 #include "Platform/Trust.h"
 #include "SharedCore/EventTapManager/KeyPress.h"
+#include "SharedCore/EventTapManager/TextTyping.h"
+#include "SharedCore/PermissionsManager/PermissionsManager.h"
 
 #include <iostream>
 #include <utility>
@@ -65,6 +67,26 @@ bool EventTapManager::startKeyTracking(KeyCallback callback)
 bool EventTapManager::checkAccessibility() const
 {
     return platform::isTrusted();
+}
+
+void EventTapManager::requestAccessibility()
+{
+    PermissionsManager::shared().requestAccessibility();
+}
+
+void EventTapManager::openAccessibilitySettings()
+{
+    PermissionsManager::shared().openAccessibilitySettings();
+}
+
+void EventTapManager::openInputMonitoringSettings()
+{
+    PermissionsManager::shared().openInputMonitoringSettings();
+}
+
+void EventTapManager::typeText(std::string_view text)
+{
+    static_cast<void>(sharedcore::typeText(text));
 }
 
 void EventTapManager::stopAll()

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sharedcore {
@@ -41,6 +42,17 @@ public:
 
     // Whether the program may listen here. Asks nobody.
     [[nodiscard]] bool checkAccessibility() const;
+
+    // Has the system ask the user, where it has a question for it. Returns at once and tells no answer. As the
+    // two that follow: main thread, and an application object lives.
+    static void requestAccessibility();
+    // Open the page of the system's settings where the user can allow it. What becomes of it is not told.
+    static void openAccessibilitySettings();
+    static void openInputMonitoringSettings();
+
+    // Types a text, UTF-8, into whatever program has the focus. Any thread; blocks it for 10 ms a character
+    // (TextTyping.h, whose typeText() tells also what could not be typed).
+    static void typeText(std::string_view text);
 
     // Stops what was started last of each kind, for good: only another start goes on. What was started before
     // that is not stopped.

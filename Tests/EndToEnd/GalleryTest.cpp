@@ -23,6 +23,7 @@ namespace endtoend {
 namespace {
 
 const QString title = QStringLiteral("Gallery");
+const QString sample = QStringLiteral("Grüße, Γειά, 你好 👋🏽");
 
 QProcessEnvironment withAccessibility(QProcessEnvironment environment)
 {
@@ -63,6 +64,12 @@ public:
     [[nodiscard]] bool comesToHaveFocus(const char *name)
     {
         return eventually([&] { return tree_.focused() == QString::fromLatin1(name); });
+    }
+    // What the text field of that name holds.
+    [[nodiscard]] QString textOf(const char *name)
+    {
+        const auto found = tree_.find(QString::fromLatin1(name), QStringLiteral("text"));
+        return found ? tree_.text(*found) : QString();
     }
     [[nodiscard]] bool isChecked(const char *text)
     {
@@ -231,6 +238,32 @@ TEST_F(GalleryTest, KeepsSettingsOfItsOwnBesideThoseOfTheFamily)
     EXPECT_TRUE(gallery->isChecked("Chequered ground"));
     EXPECT_TRUE(gallery->isChecked("Launch at login"));
     EXPECT_FALSE(gallery->isChecked("Reduce motion"));
+}
+
+TEST_F(GalleryTest, SeesThePointerAndTheLastKeysWhileItListensAndKeepsNone)
+{
+    gallery->showPage("Input");
+    gallery->click("Listen", "check box");
+    EXPECT_TRUE(eventually([this] { return gallery->isChecked("Listen"); }));
+    gallery->user().click({3, 5});
+    EXPECT_TRUE(gallery->comesToShow("3, 5"));
+    gallery->user().type("ab");
+    EXPECT_TRUE(gallery->comesToShow("a b"));
+    gallery->showPage("Card");
+    gallery->showPage("Input");
+    EXPECT_TRUE(gallery->comesToShow("Last keys"));
+    EXPECT_FALSE(gallery->shows(QStringLiteral("a b")));
+}
+
+TEST_F(GalleryTest, TypesASampleIntoWhateverHasTheFocusThreeSecondsLater)
+{
+    gallery->showPage("Input");
+    gallery->click("Type in 3 seconds", "push button");
+    gallery->click("Sample", "text");
+    gallery->user().press({XK_Control_L, XK_a});
+    EXPECT_TRUE(gallery->comesToShow("Types in 1 s"));
+    gallery->user().press({XK_BackSpace}); // so that the text is there only if it is typed
+    EXPECT_TRUE(eventually([this] { return gallery->textOf("Sample") == sample; }));
 }
 
 TEST_F(GalleryTest, ItsClosedWindowComesBackAsItWas)

@@ -16,6 +16,7 @@ namespace {
 constexpr auto accessibleInterface = "org.a11y.atspi.Accessible";
 constexpr auto actionInterface = "org.a11y.atspi.Action";
 constexpr auto componentInterface = "org.a11y.atspi.Component";
+constexpr auto textInterface = "org.a11y.atspi.Text";
 constexpr auto rootPath = "/org/a11y/atspi/accessible/root";
 constexpr auto registry = "org.a11y.atspi.Registry";
 constexpr int answerTimeout = 2000; // milliseconds
@@ -192,6 +193,11 @@ bool AccessibleProgram::press(const QString &button)
     return action >= 0 &&
            ask(bus_, found->service, found->path, actionInterface, "DoAction", {static_cast<int>(action)})
                .toBool();
+}
+
+QString AccessibleProgram::text(const Accessible &object) const
+{
+    return ask(bus_, object.service, object.path, textInterface, "GetText", {0, -1}).toString();
 }
 
 QRect AccessibleProgram::place(const Accessible &object) const

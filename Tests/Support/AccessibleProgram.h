@@ -51,6 +51,8 @@ public:
 
     // Waits for a button of this name and does its press action; false where there is none in the end.
     [[nodiscard]] bool press(const QString &button);
+    // What a text that can be edited holds.
+    [[nodiscard]] QString text(const Accessible &object) const;
     // Where the object is on the screen.
     [[nodiscard]] QRect place(const Accessible &object) const;
 

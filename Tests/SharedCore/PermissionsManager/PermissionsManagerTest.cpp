@@ -1,6 +1,7 @@
 // Permissions, their requests and the links to the settings, above the seam.
 
 #include "SharedCore/PermissionsManager/PermissionsManager.h"
+#include "SharedCore/EventTapManager/EventTapManager.h"
 #include "SharedCore/PermissionsManager/MainThreadAnswer.h"
 #include "SharedCore/PermissionsManager/SettingsLink.h"
 #include "Tests/Fakes/FakePermissions.h"
@@ -192,6 +193,20 @@ TEST_F(PermissionsManagerTest, SettingsOpenByThePrefixAndTheAnchorWithNothingBet
     EXPECT_THAT(opener.links, ElementsAre(prefix + "Privacy_Accessibility", prefix + "Privacy_ListenEvent",
                                           prefix + "Privacy_Microphone", prefix + "Privacy_Calendars",
                                           prefix + "Privacy_AllFiles"));
+}
+
+TEST_F(PermissionsManagerTest, ATapManagerAsksAndOpensTheSame)
+{
+    EventTapManager::requestAccessibility();
+    EventTapManager::requestAccessibility();
+    EXPECT_EQ(permissions.promptCount, 2);
+    EventTapManager::openAccessibilitySettings();
+    EventTapManager::openInputMonitoringSettings();
+    manager.openAccessibilitySettings();
+    manager.openInputMonitoringSettings();
+    ASSERT_EQ(opener.links.size(), 4U);
+    EXPECT_EQ(opener.links.at(0), opener.links.at(2));
+    EXPECT_EQ(opener.links.at(1), opener.links.at(3));
 }
 
 TEST(SettingsLinkDeathTest, TextThatFormsNoUrlStopsTheProcess)
