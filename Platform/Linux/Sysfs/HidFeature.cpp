@@ -101,4 +101,16 @@ void writeSetting(const HidSetting &setting, std::span<std::byte> report)
     }
 }
 
+int applySetting(const HidSetting &setting, HidFeatureFile &file)
+{
+    std::vector<std::byte> report(1 + setting.reportSize);
+    report.front() = static_cast<std::byte>(setting.reportId);
+    if (const int error = file.get(report); error != 0) {
+        return error;
+    }
+    report.front() = static_cast<std::byte>(setting.reportId);
+    writeSetting(setting, report);
+    return file.set(report);
+}
+
 } // namespace platform

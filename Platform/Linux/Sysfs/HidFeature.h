@@ -31,4 +31,23 @@ struct HidSetting
 // REQUIRES: the report has 1 + setting.reportSize bytes.
 void writeSetting(const HidSetting &setting, std::span<std::byte> report);
 
+// The feature reports of an open device. A report's first byte is its number, or 0. Each gives 0, or the
+// kernel's error number.
+class HidFeatureFile
+{
+public:
+    HidFeatureFile() = default;
+    HidFeatureFile(const HidFeatureFile &) = delete;
+    HidFeatureFile &operator=(const HidFeatureFile &) = delete;
+    virtual ~HidFeatureFile() = default;
+
+    // Fills in the rest of the report behind its number.
+    [[nodiscard]] virtual int get(std::span<std::byte> report) = 0;
+    [[nodiscard]] virtual int set(std::span<std::byte> report) = 0;
+};
+
+// Sets the device's setting, and leaves the rest of its report as the device has it. Gives 0, or the kernel's
+// error number; nothing is set then.
+[[nodiscard]] int applySetting(const HidSetting &setting, HidFeatureFile &file);
+
 } // namespace platform

@@ -45,6 +45,33 @@ std::vector<Hidraw> hidraws(const path &root)
     return found;
 }
 
+int errorOf(int result)
+{
+    return result < 0 ? errno : 0;
+}
+
+// One that cannot be opened fails at each call.
+class KernelFeatureFile final : public HidFeatureFile
+{
+public:
+    explicit KernelFeatureFile(const path &node)
+        : file_(open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC))
+    {}
+
+    int get(std::span<std::byte> report) override
+    {
+        return errorOf(ioctl(file_.get(), HIDIOCGFEATURE(report.size()), report.data()));
+    }
+
+    int set(std::span<std::byte> report) override
+    {
+        return errorOf(ioctl(file_.get(), HIDIOCSFEATURE(report.size()), report.data()));
+    }
+
+private:
+    const FileDescriptor file_;
+};
+
 class HidrawDeviceService final : public HardwareService
 {
 public:
@@ -86,24 +113,11 @@ public:
     RegistryResult setProperty(std::string_view key, std::int32_t value) const override
     {
         const auto setting = hidSetting(hidraw_.descriptor, key, value);
-        return setting ? apply(*setting) : registryFailure;
+        KernelFeatureFile file(hidraw_.node);
+        return setting ? applySetting(*setting, file) : registryFailure;
     }
 
 private:
-    // The rest of the report is left as the device has it.
-    [[nodiscard]] RegistryResult apply(const HidSetting &setting) const
-    {
-        const FileDescriptor file(open(hidraw_.node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
-        std::vector<std::byte> report(1 + setting.reportSize);
-        report.front() = static_cast<std::byte>(setting.reportId);
-        if (!file.isOpen() || ioctl(file.get(), HIDIOCGFEATURE(report.size()), report.data()) < 0) {
-            return errno;
-        }
-        report.front() = static_cast<std::byte>(setting.reportId);
-        writeSetting(setting, report);
-        return ioctl(file.get(), HIDIOCSFEATURE(report.size()), report.data()) < 0 ? errno : registrySuccess;
-    }
-
     const Hidraw hidraw_;
 };
 

@@ -16,6 +16,30 @@ std::optional<HidSetting> settingOf(const Descriptor &descriptor, std::string_vi
     return hidSetting(parsedReportDescriptor(std::as_bytes(std::span(descriptor))).value(), property, value);
 }
 
+// A device whose feature report is `report`, behind its number.
+class FakeFeatureFile final : public HidFeatureFile
+{
+public:
+    int get(std::span<std::byte> bytes) override
+    {
+        askedFor.push_back(bytes.front());
+        std::ranges::copy(report, bytes.begin());
+        return getError;
+    }
+
+    int set(std::span<std::byte> bytes) override
+    {
+        report.assign(bytes.begin(), bytes.end());
+        ++sets;
+        return 0;
+    }
+
+    std::vector<std::byte> report;
+    std::vector<std::byte> askedFor; // reports, by number
+    int getError = 0;
+    int sets = 0;
+};
+
 // The bytes of a report of ones after the value was set.
 std::vector<int> written(const Descriptor &descriptor, std::string_view property, std::int32_t value)
 {
@@ -73,6 +97,36 @@ TEST(HidFeature, HasNothingToWriteWithoutASetting)
     for (const std::int32_t value : {-1, 0x1000'0041, INT32_MAX, INT32_MIN}) {
         EXPECT_FALSE(settingOf(accelerometerDescriptor, "SensorPropertyReportingState", value));
     }
+}
+
+TEST(HidFeature, LeavesTheRestOfTheReportAsTheDeviceHasIt)
+{
+    FakeFeatureFile file;
+    file.report = {std::byte(0), std::byte(0x51), std::byte(0x34), std::byte(0x12)};
+    const auto setting = settingOf(accelerometerDescriptor, "SensorPropertyReportingState", 1);
+    EXPECT_EQ(applySetting(*setting, file), 0);
+    EXPECT_THAT(file.report, ElementsAre(std::byte(0), std::byte(0x52), std::byte(0x34), std::byte(0x12)));
+    EXPECT_EQ(applySetting(*settingOf(accelerometerDescriptor, "ReportInterval", 1000), file), 0);
+    EXPECT_THAT(file.report, ElementsAre(std::byte(0), std::byte(0x52), std::byte(1), std::byte(0)));
+    EXPECT_THAT(file.askedFor, ElementsAre(std::byte(0), std::byte(0)));
+}
+
+TEST(HidFeature, AsksForTheReportByItsNumber)
+{
+    FakeFeatureFile file;
+    file.report.resize(6);
+    EXPECT_EQ(applySetting(*settingOf(sensorHubDescriptor, "SensorPropertyReportingState", 1), file), 0);
+    EXPECT_THAT(file.askedFor, ElementsAre(std::byte(1)));
+    EXPECT_EQ(file.report.front(), std::byte(1));
+    EXPECT_EQ(file.report[1], std::byte(1));
+}
+
+TEST(HidFeature, SetsNothingWhereTheDeviceDoesNotTell)
+{
+    FakeFeatureFile file;
+    file.getError = 5;
+    EXPECT_EQ(applySetting(*settingOf(accelerometerDescriptor, "ReportInterval", 1000), file), 5);
+    EXPECT_EQ(file.sets, 0);
 }
 
 } // namespace platform

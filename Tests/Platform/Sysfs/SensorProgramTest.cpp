@@ -79,12 +79,9 @@ TEST_F(SensorProgramTest, WakesAndReadsTheAccelerometerAmongOtherDevices)
     addHidraw(2, sensorHubDescriptor);
     addHidraw(3, accelerometerDescriptor);
     addHidraw(4, mouseDescriptor);
-    // The device takes what it is told, and no other bytes.
+    // The calls are answered where they have the right size; umockdev does not look at what is set.
     addScript("-i", "/dev/hidraw3",
-              "@DEV /dev/hidraw3\n"
-              "HIDIOCGFEATURE 4 00010000\nHIDIOCSFEATURE 4 00020000\n"
-              "HIDIOCGFEATURE 4 00020000\nHIDIOCSFEATURE 4 00120000\n"
-              "HIDIOCGFEATURE 4 00120000\nHIDIOCSFEATURE 4 00120100\n");
+              "@DEV /dev/hidraw3\nHIDIOCGFEATURE 4 00010000\nHIDIOCSFEATURE 4 00020000\n");
     // Reports of 1 g on x, with pauses, without which some would come as one.
     std::string reports;
     for (int count = 0; count < 200; ++count) {
