@@ -32,6 +32,8 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 
 // Saving and finding persistent records, 100,000 of them.
 [[nodiscard]] std::vector<Row> recordRows();
+// Listening to keys and to silence. Takes some 16 s.
+[[nodiscard]] std::vector<Row> listeningRows();
 
 // Decoding of an accelerometer's reports, a stream of them, and a lid's angle without a sensor. Takes some 6
 // s.

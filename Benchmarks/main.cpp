@@ -60,6 +60,7 @@ int measure(int argc, char **argv)
     report.add("wayland", waylandRows);
     report.add("cost of an action", actionCostRows);
     report.add("a million ticks", longRunRows);
+    report.add("listening", listeningRows);
     report.add("storage", storageRows);
     report.add("records", recordRows);
     report.add("sensors", sensorRows);

@@ -8,10 +8,10 @@ target_sources(PlatformListening PRIVATE
   Linux/Listening/LibinputTap.cpp Linux/Listening/LibinputTap.h
   Linux/Listening/SeatDevices.cpp Linux/Listening/SeatDevices.h
   Linux/Listening/SessionView.h
-  Linux/Listening/Xkb.h
+  Linux/Listening/XkbPointer.h
   Linux/VirtualKeys.cpp Linux/VirtualKeys.h
   Linux/X11/XButtons.cpp Linux/X11/XButtons.h
   Linux/X11/XInputTap.cpp Linux/X11/XInputTap.h
-  Linux/X11/XKeyboard.cpp Linux/X11/XKeyboard.h
+  Linux/X11/XKeyText.cpp Linux/X11/XKeyText.h
 )
 target_link_libraries(PlatformListening PRIVATE Platform PkgConfig::LISTENING PkgConfig::WAYLAND_CLIENT)

@@ -1,7 +1,7 @@
 // What keys type: by the layout, its levels, dead keys and compose sequences.
 #pragma once
 
-#include "Platform/Linux/Listening/Xkb.h"
+#include "Platform/Linux/Listening/XkbPointer.h"
 
 #include <cstdint>
 #include <string>

@@ -36,7 +36,7 @@ void XButtons::readHeld()
         xReply(xcb_query_pointer_reply, x, xcb_query_pointer_unchecked(x, connection_.rootWindow()));
     const unsigned mask = reply ? reply->mask : 0;
     for (std::size_t button = 1; button < firstWheel; ++button) {
-        held_.set(button, (mask & (XCB_BUTTON_MASK_1 << (button - 1))) != 0);
+        held_.set(button, ((mask >> (button - 1)) & XCB_BUTTON_MASK_1) != 0);
     }
 }
 

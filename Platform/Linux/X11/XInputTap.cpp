@@ -87,7 +87,7 @@ bool XInputTap::open()
         xcb_test_grab_control(x, 1);
     }
     if (delivery_.wantsAny(allKeyKinds)) {
-        keyboard_ = XKeyboard::create(connection_);
+        keyboard_ = XKeyText::create(connection_);
     }
     notifier_.emplace(xcb_get_file_descriptor(x), QSocketNotifier::Read);
     QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { takeIn(); });

@@ -4,7 +4,7 @@
 #include "Platform/Linux/Listening/Delivery.h"
 #include "Platform/Linux/X11/XButtons.h"
 #include "Platform/Linux/X11/XConnection.h"
-#include "Platform/Linux/X11/XKeyboard.h"
+#include "Platform/Linux/X11/XKeyText.h"
 
 #include <xcb/xinput.h>
 
@@ -55,8 +55,8 @@ private:
     Delivery delivery_;
     XConnection connection_;
     std::uint8_t inputExtension_ = 0;
-    std::unique_ptr<XKeyboard> keyboard_; // where keys are wanted
-    std::optional<XButtons> buttons_;     // where moves are wanted
+    std::unique_ptr<XKeyText> keyboard_; // where keys are wanted
+    std::optional<XButtons> buttons_;    // where moves are wanted
     std::deque<Question> questions_;
     std::optional<QSocketNotifier> notifier_;
 };

@@ -1,9 +1,6 @@
-#include "Platform/Linux/X11/XKeyboard.h"
+#include "Platform/Linux/X11/XKeyText.h"
 
-// The library's header has a field named like a keyword of the language.
-#define explicit isExplicit // NOLINT
-#include <xcb/xkb.h>
-#undef explicit
+#include "Platform/Linux/X11/Xkb.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
 
@@ -44,18 +41,18 @@ template <class Source> KeyText::Components componentsOf(const Source &source)
 
 } // namespace
 
-std::unique_ptr<XKeyboard> XKeyboard::create(const XConnection &connection)
+std::unique_ptr<XKeyText> XKeyText::create(const XConnection &connection)
 {
-    std::unique_ptr<XKeyboard> keyboard(new XKeyboard(connection));
+    std::unique_ptr<XKeyText> keyboard(new XKeyText(connection));
     return keyboard->open() ? std::move(keyboard) : nullptr;
 }
 
-XKeyboard::XKeyboard(const XConnection &connection)
+XKeyText::XKeyText(const XConnection &connection)
     : connection_(connection)
 {}
 
 // What changes meanwhile is told by an event, which is taken later.
-bool XKeyboard::open()
+bool XKeyText::open()
 {
     return text_.context() &&
            xkb_x11_setup_xkb_extension(connection_.get(), XKB_X11_MIN_MAJOR_XKB_VERSION,
@@ -65,7 +62,7 @@ bool XKeyboard::open()
            readLayout() && readState();
 }
 
-bool XKeyboard::selectEvents()
+bool XKeyText::selectEvents()
 {
     const auto details = wantedDetails();
     const auto cookie =
@@ -74,7 +71,7 @@ bool XKeyboard::selectEvents()
     return !XReply<xcb_generic_error_t>(xcb_request_check(connection_.get(), cookie));
 }
 
-bool XKeyboard::readLayout()
+bool XKeyText::readLayout()
 {
     XkbPointer<xkb_keymap> keymap(xkb_x11_keymap_new_from_device(text_.context(), connection_.get(), device_,
                                                                  XKB_KEYMAP_COMPILE_NO_FLAGS));
@@ -83,7 +80,7 @@ bool XKeyboard::readLayout()
     return isRead;
 }
 
-bool XKeyboard::readState()
+bool XKeyText::readState()
 {
     auto *x = connection_.get();
     const auto state = xReply(xcb_xkb_get_state_reply, x,
@@ -94,7 +91,7 @@ bool XKeyboard::readState()
     return state != nullptr;
 }
 
-void XKeyboard::take(const xcb_generic_event_t &event)
+void XKeyText::take(const xcb_generic_event_t &event)
 {
     if ((event.response_type & 0x7F) != firstEvent_) {
         return;
@@ -114,7 +111,7 @@ void XKeyboard::take(const xcb_generic_event_t &event)
     }
 }
 
-KeyText::Press XKeyboard::press(xcb_keycode_t key)
+KeyText::Press XKeyText::press(xcb_keycode_t key)
 {
     if (isLayoutStale_) {
         isLayoutStale_ = !readLayout();

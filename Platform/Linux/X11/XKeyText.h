@@ -9,12 +9,12 @@
 namespace platform {
 
 // The keyboard that goes with the pointer of a client without a window. One thread, that of the connection.
-class XKeyboard
+class XKeyText
 {
 public:
     // Nothing where the server has no XKB, or its layout cannot be read. REQUIRES: the connection outlives
     // it.
-    [[nodiscard]] static std::unique_ptr<XKeyboard> create(const XConnection &connection);
+    [[nodiscard]] static std::unique_ptr<XKeyText> create(const XConnection &connection);
 
     // Takes an event that is about the layout or the modifiers; others are left alone.
     void take(const xcb_generic_event_t &event);
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] KeyText::Press press(xcb_keycode_t key);
 
 private:
-    explicit XKeyboard(const XConnection &connection);
+    explicit XKeyText(const XConnection &connection);
 
     [[nodiscard]] bool open();
     [[nodiscard]] bool selectEvents();
