@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <span>
-#include <utility>
 
 namespace platform {
 
@@ -22,23 +21,22 @@ void HeldControl::release()
     if (!isHeldAt(coreKeyboard)) {
         return;
     }
-    for (const auto key : heldKeys()) {
+    noteHolders();
+    noteHeldKeys();
+    for (const auto key : released_) {
         post(XCB_KEY_RELEASE, key);
-        released_.push_back(key);
     }
-    holders_ = holders(); // what XTEST held, it holds no more
 }
 
-// Where no keyboard holds it on, it was held through XTEST, and whoever did so has not let go.
 void HeldControl::restore()
 {
     const auto holds = [this](XKeyboard keyboard) { return isHeldAt(keyboard); };
-    const bool isHeld = holders_.empty() || std::ranges::any_of(holders_, holds);
-    for (const auto key : std::exchange(released_, {})) {
-        if (isHeld) {
+    if (isHeldByXtest_ || std::ranges::any_of(holders_, holds)) {
+        for (const auto key : released_) {
             post(XCB_KEY_PRESS, key);
         }
     }
+    released_.clear();
 }
 
 bool HeldControl::isHeldAt(XKeyboard keyboard)
@@ -48,14 +46,24 @@ bool HeldControl::isHeldAt(XKeyboard keyboard)
     return state && (state->baseMods & XCB_MOD_MASK_CONTROL) != 0;
 }
 
-std::vector<xcb_keycode_t> HeldControl::heldKeys()
+void HeldControl::noteHolders()
+{
+    for (const auto &keyboard : attachedKeyboards(connection_)) {
+        if (isHeldAt(keyboard.number) && keyboard.isXtest) {
+            isHeldByXtest_ = true;
+        } else if (isHeldAt(keyboard.number)) {
+            holders_.insert(keyboard.number);
+        }
+    }
+}
+
+void HeldControl::noteHeldKeys()
 {
     auto *x = connection_.get();
     const auto modifiers = xReply(xcb_get_modifier_mapping_reply, x, xcb_get_modifier_mapping_unchecked(x));
     const auto keys = xReply(xcb_query_keymap_reply, x, xcb_query_keymap_unchecked(x));
-    std::vector<xcb_keycode_t> held;
     if (!modifiers || !keys) {
-        return held;
+        return;
     }
     const std::span codes(
         xcb_get_modifier_mapping_keycodes(modifiers.get()),
@@ -63,17 +71,9 @@ std::vector<xcb_keycode_t> HeldControl::heldKeys()
     const std::size_t width = modifiers->keycodes_per_modifier;
     for (const auto code : codes.subspan(controlRow * width, width)) {
         if (code != 0 && (keys->keys[code / 8] >> (code % 8) & 1) != 0) { // NOLINT
-            held.push_back(code);
+            released_.insert(code);
         }
     }
-    return held;
-}
-
-std::vector<XKeyboard> HeldControl::holders()
-{
-    auto keyboards = attachedKeyboards(connection_);
-    std::erase_if(keyboards, [this](XKeyboard keyboard) { return !isHeldAt(keyboard); });
-    return keyboards;
 }
 
 void HeldControl::post(std::uint8_t type, xcb_keycode_t key)

@@ -3,6 +3,8 @@
 
 #include "Platform/Linux/X11/XKeyboards.h"
 
+#include <set>
+
 namespace platform {
 
 // Some programs keep an account of the modifiers of their own, beside what each key says, and make a control
@@ -23,13 +25,14 @@ public:
 
 private:
     [[nodiscard]] bool isHeldAt(XKeyboard keyboard);
-    [[nodiscard]] std::vector<xcb_keycode_t> heldKeys();
-    [[nodiscard]] std::vector<XKeyboard> holders();
+    void noteHolders();
+    void noteHeldKeys();
     void post(std::uint8_t type, xcb_keycode_t key);
 
     XConnection &connection_;
-    std::vector<xcb_keycode_t> released_;
-    std::vector<XKeyboard> holders_; // keyboards with a hand on them
+    std::set<xcb_keycode_t> released_;
+    std::set<XKeyboard> holders_; // keyboards with a hand on them
+    bool isHeldByXtest_ = false;  // by another program, which has not let go
 };
 
 } // namespace platform

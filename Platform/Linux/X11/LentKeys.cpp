@@ -103,8 +103,8 @@ LentKeys::LentKeys(XConnection &connection)
 {
     const auto core = readKeymap(connection_, coreKeyboard);
     originals_ = core ? keysWithoutMeaning(*core) : XKeyMeanings();
-    for (const auto keyboard : attachedKeyboards(connection_)) {
-        const auto keymap = readKeymap(connection_, keyboard);
+    for (const auto &keyboard : attachedKeyboards(connection_)) {
+        const auto keymap = readKeymap(connection_, keyboard.number);
         const auto others = keymap ? keysWithoutMeaning(*keymap) : XKeyMeanings();
         std::erase_if(originals_, [&others](const auto &key) {
             const auto other = others.find(key.first);
@@ -165,15 +165,12 @@ std::optional<xcb_keycode_t> LentKeys::keyOf(KeySymbol symbol) const
 
 void LentKeys::giveBack()
 {
-    {
-        const ServerGrab grab(connection_);
-        if (const auto keymap = readKeymap(connection_, coreKeyboard)) {
-            dropStolenKeys(*keymap);
-            change(*keymap, originals_);
-            lent_.clear();
-        }
+    const ServerGrab grab(connection_);
+    if (const auto keymap = readKeymap(connection_, coreKeyboard)) {
+        dropStolenKeys(*keymap);
+        change(*keymap, originals_);
+        lent_.clear();
     }
-    xReply(xcb_get_input_focus_reply, connection_.get(), xcb_get_input_focus_unchecked(connection_.get()));
 }
 
 // Each row of keys is an event to every program on the desktop, and a reason for some to read all of the
@@ -194,8 +191,8 @@ void LentKeys::change(const XKeymap &keymap, const XKeyMeanings &meanings)
 
 bool LentKeys::areKeyboardsAlike(const XKeymap &keymap)
 {
-    return std::ranges::all_of(attachedKeyboards(connection_), [&](XKeyboard keyboard) {
-        return readKeymap(connection_, keyboard) == keymap;
+    return std::ranges::all_of(attachedKeyboards(connection_), [&](const AttachedKeyboard &keyboard) {
+        return readKeymap(connection_, keyboard.number) == keymap;
     });
 }
 

@@ -29,7 +29,7 @@ public:
     void lend(std::span<const KeySymbol> symbols);
     // The key that has a symbol.
     [[nodiscard]] std::optional<xcb_keycode_t> keyOf(KeySymbol symbol) const;
-    // The keys have their old meaning again when the call returns.
+    // The keys have their old meaning again when the server has handled it.
     void giveBack();
 
 private:

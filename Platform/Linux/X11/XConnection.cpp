@@ -31,4 +31,10 @@ void XConnection::flush()
     }
 }
 
+void XConnection::sync()
+{
+    xReply(xcb_get_input_focus_reply, get(), xcb_get_input_focus_unchecked(get()));
+    flush();
+}
+
 } // namespace platform

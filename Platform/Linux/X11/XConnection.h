@@ -38,6 +38,10 @@ public:
     // Sends what is queued, and drops the events and errors that came in, which nobody asked for.
     void flush();
 
+    // The same, and waits until the server has handled it. What is still on its way when a connection ends
+    // may be lost.
+    void sync();
+
 private:
     struct Disconnect
     {

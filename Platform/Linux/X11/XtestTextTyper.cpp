@@ -52,7 +52,7 @@ XtestTextTyper::~XtestTextTyper()
         awaitKeyReaders(connection_);
         keys_->giveBack();
         control_->restore();
-        connection_.flush();
+        connection_.sync();
     }
 }
 

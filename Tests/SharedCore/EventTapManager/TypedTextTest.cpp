@@ -101,6 +101,7 @@ std::unique_ptr<FocusedProgram> XTypingTest::openQtField() const
 
 std::unique_ptr<FocusedProgram> XTypingTest::openTerminal()
 {
+    QFile::remove(runtime_.path(QStringLiteral("typed")));
     const QString title = QStringLiteral("Terminal");
     const auto script =
         QStringLiteral("stty raw -echo && cat > '%1'").arg(runtime_.path(QStringLiteral("typed")));
