@@ -22,6 +22,11 @@ QString requestPath(const QDBusMessage &call)
         .arg(sender, options.value(QStringLiteral("handle_token")).toString());
 }
 
+QDBusMessage handleOf(const QDBusMessage &call)
+{
+    return call.createReply(QVariant::fromValue(QDBusObjectPath(requestPath(call))));
+}
+
 } // namespace
 
 FakeBusService::FakeBusService(const PrivateBus &bus, const char *name)
@@ -63,7 +68,16 @@ void FakeBusService::answerLater(const char *method)
 {
     answer(method, [this](const QDBusMessage &call) {
         request_ = call;
-        return call.createReply(QVariant::fromValue(QDBusObjectPath(requestPath(call))));
+        return handleOf(call);
+    });
+}
+
+void FakeBusService::answerAtOnce(const char *method, unsigned code)
+{
+    answer(method, [this, code](const QDBusMessage &call) {
+        request_ = call;
+        respond(code);
+        return handleOf(call);
     });
 }
 

@@ -35,6 +35,8 @@ public:
     void ignore(const char *method);
     // Takes calls of a portal's method that asks the user. The request answers later, with respond().
     void answerLater(const char *method);
+    // The same, and the request is answered before the call is.
+    void answerAtOnce(const char *method, unsigned code);
 
     // Answers the request of the last such call: 0 granted, 1 refused, 2 failed.
     void respond(unsigned code);
