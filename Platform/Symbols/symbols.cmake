@@ -2,7 +2,9 @@
 # them is kept in this tree.
 set(PLATFORM_SYMBOLS
   "arrow.triangle.2.circlepath=arrow-repeat"
+  "bell.fill=bell-fill"
   "checkmark.circle.fill=check-circle-fill"
+  "chevron.right=chevron-right"
   "circle=circle"
   "clock.fill=clock-fill"
   "cursorarrow.and.square.on.square.dashed=cursor-fill"
@@ -17,9 +19,11 @@ set(PLATFORM_SYMBOLS
   "number=hash"
   "paintpalette.fill=palette-fill"
   "play.fill=play-fill"
+  "power=power"
   "rectangle.on.rectangle=front"
   "scroll=chevron-expand"
   "slider.horizontal.3=sliders"
+  "speedometer=speedometer2"
   "stop.fill=stop-fill"
   "timer=stopwatch"
   "xmark.circle.fill=x-circle-fill"

@@ -13,6 +13,13 @@
     </message>
 </context>
 <context>
+    <name>MenuPopoverContainer</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
     <name>SharedAppSettingsFormView</name>
     <message>
         <source>General</source>

@@ -177,7 +177,7 @@ TEST(TranslationsTest, AreUpToDateAndComplete)
         QFile file(copy);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const auto content = file.readAll();
-        EXPECT_EQ(content.count("<message"), english().texts.size());
+        EXPECT_EQ(content.count("<message"), english().texts.size() + 1); // a popover's close button
         EXPECT_EQ(content.count("<translation>"), content.count("<message"));
         EXPECT_EQ(content.count("type="), 0) << content.toStdString();
         EXPECT_EQ(content.count("<translation></translation>"), 0) << content.toStdString();

@@ -35,8 +35,9 @@ TEST_P(SymbolNames, IsDrawnInTheColourAsked)
 }
 
 INSTANTIATE_TEST_SUITE_P(Symbols, SymbolNames,
-                         testing::Values("arrow.triangle.2.circlepath", "checkmark.circle.fill", "circle",
-                                         "clock.fill", "cursorarrow.and.square.on.square.dashed",
+                         testing::Values("arrow.triangle.2.circlepath", "bell.fill", "chevron.right",
+                                         "heart.fill", "power", "speedometer", "checkmark.circle.fill",
+                                         "circle", "clock.fill", "cursorarrow.and.square.on.square.dashed",
                                          "cursorarrow.motionlines", "exclamationmark.triangle.fill",
                                          "eye.fill", "eye.slash.fill", "keyboard", "number",
                                          "paintpalette.fill", "play.fill", "rectangle.on.rectangle", "scroll",

@@ -1,0 +1,5 @@
+import SharedUI
+
+ShortcutBadge {
+    keys: ["⌘", "⇧", "P"]
+}
