@@ -36,6 +36,7 @@ std::vector<platform::TemplateImage> generateHeartFrames(int count, double size)
         foundation::fatalError("Range requires lowerBound <= upperBound");
     }
     std::vector<platform::TemplateImage> frames;
+    frames.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         frames.push_back(
             platform::MenuBarServices::current().drawSymbol("heart.fill", size, heartOf(i, count, size)));
