@@ -26,6 +26,10 @@ HStack {
             symbol: "checkmark.circle.fill"
         },
         {
+            name: "menu",
+            symbol: "heart.fill"
+        },
+        {
             name: "input",
             symbol: "keyboard"
         },

@@ -10,6 +10,7 @@ struct GalleryRecord
 {
     std::string page = "card"; // that was shown last
     bool isChequered = false;  // the ground that components stand on
+    bool isInMenuBar = false;  // the heart
 
     static constexpr std::string_view settingsKey = "gallery";
     static const GalleryRecord &defaultSettings()
@@ -22,7 +23,8 @@ struct GalleryRecord
     static constexpr auto fields()
     {
         return std::tuple{sharedcore::Field{"page", &GalleryRecord::page},
-                          sharedcore::Field{"isChequered", &GalleryRecord::isChequered}};
+                          sharedcore::Field{"isChequered", &GalleryRecord::isChequered},
+                          sharedcore::Field{"isInMenuBar", &GalleryRecord::isInMenuBar}};
     }
 };
 
@@ -34,6 +36,7 @@ class GallerySettings : public QObject
     QML_SINGLETON
 
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY changed)
+    Q_PROPERTY(bool isInMenuBar READ isInMenuBar WRITE setInMenuBar NOTIFY changed)
     Q_PROPERTY(bool isChequered READ isChequered WRITE setChequered NOTIFY changed)
 
 public:
@@ -41,6 +44,8 @@ public:
     void setPage(const QString &page) { store(&GalleryRecord::page, page.toStdString()); }
     [[nodiscard]] bool isChequered() const { return record_.isChequered; }
     void setChequered(bool isChequered) { store(&GalleryRecord::isChequered, isChequered); }
+    [[nodiscard]] bool isInMenuBar() const { return record_.isInMenuBar; }
+    void setInMenuBar(bool isInMenuBar) { store(&GalleryRecord::isInMenuBar, isInMenuBar); }
 
 Q_SIGNALS:
     void changed();

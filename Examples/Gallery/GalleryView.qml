@@ -7,6 +7,9 @@ AppLaunchContainer {
     readonly property PreferredAppearance appearance: PreferredAppearance {
     }
 
+    readonly property HeartMenu menu: HeartMenu {
+    }
+
     appTitle: "Gallery"
     settingsExtra: GallerySettingsView {
         Layout.fillWidth: true

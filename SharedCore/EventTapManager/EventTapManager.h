@@ -43,8 +43,8 @@ public:
     // Whether the program may listen here. Asks nobody.
     [[nodiscard]] bool checkAccessibility() const;
 
-    // Has the system ask the user, where it has a question for it. Returns at once and tells no answer. As the
-    // two that follow: main thread, and an application object lives.
+    // Has the system ask the user, where it has a question for it. Returns at once and tells no answer. As
+    // the two that follow: main thread, and an application object lives.
     static void requestAccessibility();
     // Open the page of the system's settings where the user can allow it. What becomes of it is not told.
     static void openAccessibilitySettings();

@@ -21,10 +21,14 @@ HStack {
 
         Label {
             text: root.title
+            horizontalAlignment: Text.AlignLeft
+            Layout.fillWidth: true
         }
 
         Label {
             text: root.status
+            horizontalAlignment: Text.AlignLeft
+            Layout.fillWidth: true
             color: SystemStyle.secondaryLabel
         }
     }

@@ -23,21 +23,21 @@ ComponentPage {
         title: "Accessibility"
         status: probe.isTrusted ? "granted" : "not granted"
         onRequested: probe.requestTrust()
-        onSettingsWanted: InputProbe.openAccessibilitySettings()
+        onSettingsWanted: probe.openAccessibilitySettings()
     }
 
     PermissionRow {
         title: "Microphone"
         status: probe.isMicrophoneGranted ? "granted" : "not granted"
         onRequested: probe.requestMicrophone()
-        onSettingsWanted: InputProbe.openMicrophoneSettings()
+        onSettingsWanted: probe.openMicrophoneSettings()
     }
 
     PermissionRow {
         title: "Calendar"
         status: probe.calendar || "not asked"
         onRequested: probe.requestCalendar()
-        onSettingsWanted: InputProbe.openCalendarSettings()
+        onSettingsWanted: probe.openCalendarSettings()
     }
 
     Divider {
