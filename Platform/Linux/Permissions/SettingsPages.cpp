@@ -83,7 +83,7 @@ std::optional<SettingsCommand> settingsCommand(const QString &anchor)
     for (const bool isOwn : {true, false}) {
         for (const auto &settings : allSettings()) {
             const bool isTried = isOwn ? isRunning(settings) : settings.worksElsewhere;
-            const auto command = isTried ? installedCommand(settings, anchor) : std::nullopt;
+            auto command = isTried ? installedCommand(settings, anchor) : std::nullopt;
             if (command) {
                 return command;
             }
