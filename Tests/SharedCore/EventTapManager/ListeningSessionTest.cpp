@@ -41,7 +41,7 @@ protected:
 
 } // namespace
 
-TEST_F(ListeningSessionTest, TheUsersInputIsToldAsThePartsOfTheMasksSay)
+TEST_F(ListeningSessionTest, TheUsersInputIsToldAsTheMasksSay)
 {
     EventTapManager manager;
     EXPECT_TRUE(manager.checkAccessibility());
