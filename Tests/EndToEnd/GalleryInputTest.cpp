@@ -52,7 +52,7 @@ protected:
 
     [[nodiscard]] std::vector<xcb_window_t> popovers() const
     {
-        return windowsTitled(desktop.x(), QStringLiteral("Heart"));
+        return windowsTitled(desktop.x(), QStringLiteral("Heart — Gallery"));
     }
     void openPopover()
     {
