@@ -99,7 +99,7 @@ Item {
 
             objectName: "holder"
             Layout.fillWidth: true
-            Layout.maximumWidth: Number.POSITIVE_INFINITY // and not as wide as the content only
+            Layout.maximumWidth: root.width // and not as wide as the content only
             Layout.margins: Metrics.padding
         }
     }

@@ -26,7 +26,7 @@ class InputProbe : public QObject
 
     Q_PROPERTY(bool isListening READ isListening WRITE setListening NOTIFY listeningChanged)
     Q_PROPERTY(QPointF pointer MEMBER pointer_ NOTIFY observed)
-    Q_PROPERTY(QStringList keys MEMBER keys_ NOTIFY observed) // the newest last
+    Q_PROPERTY(QString lastKeys READ lastKeys NOTIFY observed) // the newest last
 
     Q_PROPERTY(int secondsToTyping MEMBER secondsToTyping_ NOTIFY typingChanged) // 0: nothing is to be typed
 
@@ -45,6 +45,7 @@ public:
     Q_INVOKABLE static void openMicrophoneSettings();
     Q_INVOKABLE static void openCalendarSettings();
 
+    [[nodiscard]] QString lastKeys() const { return keys_.join(QLatin1Char(' ')); }
     [[nodiscard]] bool isListening() const { return taps_ != nullptr; }
     void setListening(bool isListening);
 

@@ -5,8 +5,9 @@ import StirraGallery
 import Toolkit
 
 ComponentPage {
-    id: page
+    id: root
 
+    property int status: StatusBadge.Active
     readonly property var statuses: ["Active", "Inactive", "Warning", "Error", "Processing"]
 
     title: "StatusBadge"
@@ -15,7 +16,7 @@ ComponentPage {
         id: badge
 
         anchors.centerIn: parent
-        status: StatusBadge.Active
+        status: root.status
         text: "Running"
     }
 
@@ -30,7 +31,7 @@ ComponentPage {
         Layout.fillWidth: true
 
         Repeater {
-            model: page.statuses
+            model: root.statuses
 
             PlainButton {
                 id: choice
@@ -40,12 +41,12 @@ ComponentPage {
 
                 text: modelData
                 isCheckable: true
-                isChecked: index === badge.status
+                isChecked: index === root.status
                 radius: height / 2
                 width: sample.width + 4
                 height: sample.height + 4
                 Accessible.role: Accessible.RadioButton
-                onClicked: badge.status = index
+                onClicked: root.status = index
 
                 RoundedRectangle {
                     anchors.fill: parent

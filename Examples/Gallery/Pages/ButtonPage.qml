@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import SharedUI
 import StirraGallery
 import Toolkit

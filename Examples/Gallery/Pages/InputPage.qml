@@ -57,7 +57,7 @@ ComponentPage {
 
     ValueRow {
         title: "Last keys"
-        value: probe.keys.join(" ") || "–"
+        value: probe.lastKeys || "–"
     }
 
     Divider {

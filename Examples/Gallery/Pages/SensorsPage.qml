@@ -20,14 +20,14 @@ ComponentPage {
         title: "Ambient light"
         value: `${Math.round(100 * readings.light)} %`
         missing: readings.hasLight ? "" : "This machine has no light sensor."
-        samples: readings.lightHistory
+        history: readings.lightHistory
         colors: [SystemStyle.yellow]
     }
 
     SensorSection {
         title: "Lid angle"
         value: `${Math.round(readings.lid)}° ${readings.isLidMeasured ? "measured" : "estimated"}`
-        samples: readings.lidHistory
+        history: readings.lidHistory
         colors: [SystemStyle.purple]
         highest: 180
     }
@@ -43,9 +43,9 @@ ComponentPage {
 
     SensorSection {
         title: "Acceleration"
-        value: readings.motion.map(axis => axis.toFixed(2)).join("  ") + " g"
+        value: `${readings.motion.x.toFixed(2)}  ${readings.motion.y.toFixed(2)}  ${readings.motion.z.toFixed(2)} g`
         missing: readings.hasMotion ? "" : "This machine has no accelerometer."
-        samples: readings.motionHistory
+        history: readings.motionHistory
         colors: [SystemStyle.red, SystemStyle.green, SystemStyle.blue]
         lowest: -2
         highest: 2

@@ -1,28 +1,33 @@
 // A small plot of the last samples.
 #pragma once
 
+#include "Examples/Gallery/Sensors/SensorHistory.h"
+
 #include <QColor>
 #include <QList>
+#include <QPointer>
 #include <QQuickPaintedItem>
 #include <QtQmlIntegration>
 
 namespace gallery {
 
-// One line for each value of a sample, the newest sample at the trailing edge, where `capacity` samples take
-// the whole width. Values beyond `lowest` and `highest` stay at the edge. Main thread.
+// One line for each value of a sample, the newest sample at the trailing edge; a full history takes the whole
+// width. Values beyond `lowest` and `highest` stay at the edge. Main thread.
 class SensorPlot : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(QList<QList<double>> samples MEMBER samples_ NOTIFY changed)
+    Q_PROPERTY(gallery::SensorHistory *history READ history WRITE setHistory NOTIFY changed)
     Q_PROPERTY(QList<QColor> colors MEMBER colors_ NOTIFY changed)
     Q_PROPERTY(double lowest MEMBER lowest_ NOTIFY changed)
     Q_PROPERTY(double highest MEMBER highest_ NOTIFY changed)
-    Q_PROPERTY(int capacity MEMBER capacity_ NOTIFY changed)
 
 public:
     explicit SensorPlot(QQuickItem *parent = nullptr);
+
+    [[nodiscard]] SensorHistory *history() const { return history_; }
+    void setHistory(SensorHistory *history);
 
     void paint(QPainter *painter) override;
 
@@ -32,11 +37,10 @@ Q_SIGNALS:
 private:
     [[nodiscard]] QPolygonF line(qsizetype channel) const;
 
-    QList<QList<double>> samples_;
+    QPointer<SensorHistory> history_;
     QList<QColor> colors_;
     double lowest_ = 0;
     double highest_ = 1;
-    int capacity_ = 300;
 };
 
 } // namespace gallery

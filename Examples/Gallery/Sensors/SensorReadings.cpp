@@ -7,16 +7,7 @@ namespace gallery {
 namespace {
 
 constexpr platform::Seconds interval(0.1);
-constexpr qsizetype keptSamples = 300; // half a minute
-constexpr double assumedAngle = 90;    // what an estimate without a light sensor is
-
-void append(QList<QList<double>> &history, const QList<double> &sample)
-{
-    if (history.size() == keptSamples) {
-        history.removeFirst();
-    }
-    history.append(sample);
-}
+constexpr double assumedAngle = 90; // what an estimate without a light sensor is
 
 } // namespace
 
@@ -59,12 +50,12 @@ void SensorReadings::stop()
 void SensorReadings::sample()
 {
     if (hasLight_) {
-        append(lights_, {lightSensor_.readNormalized()});
+        lights_.append({lightSensor_.readNormalized()});
     }
-    append(lids_, {lidAngle()});
+    lids_.append({lidAngle()});
     if (hasMotion_) {
         const auto [x, y, z] = motionSensor_.read();
-        append(motions_, {x, y, z});
+        motions_.append({x, y, z});
     }
     Q_EMIT sampled();
 }
@@ -81,9 +72,10 @@ double SensorReadings::lidAngle()
     return hasLight_ ? lidSensor_.readEstimated() : assumedAngle;
 }
 
-QList<double> SensorReadings::newest(const History &history)
+QVector3D SensorReadings::motion() const
 {
-    return history.isEmpty() ? QList<double>() : history.last();
+    return {static_cast<float>(motions_.value(0)), static_cast<float>(motions_.value(1)),
+            static_cast<float>(motions_.value(2))};
 }
 
 } // namespace gallery

@@ -1,13 +1,14 @@
 // What the machine's sensors say, ten times a second.
 #pragma once
 
+#include "Examples/Gallery/Sensors/SensorHistory.h"
 #include "Platform/Scheduler.h"
 #include "SharedCore/SensorManager/AmbientLightSensor.h"
 #include "SharedCore/SensorManager/LidAngleSensor.h"
 #include "SharedCore/SensorManager/MotionSensor.h"
 
-#include <QList>
 #include <QObject>
+#include <QVector3D>
 #include <QtQmlIntegration>
 
 #include <memory>
@@ -27,14 +28,13 @@ class SensorReadings : public QObject
     Q_PROPERTY(bool hasMotion MEMBER hasMotion_ NOTIFY runningChanged)
     Q_PROPERTY(bool isLidMeasured MEMBER isLidMeasured_ NOTIFY sampled) // and not estimated
 
-    Q_PROPERTY(double light READ light NOTIFY sampled)          // from 0 to 1
-    Q_PROPERTY(double lid READ lid NOTIFY sampled)              // degrees
-    Q_PROPERTY(QList<double> motion READ motion NOTIFY sampled) // x, y and z in g
+    Q_PROPERTY(double light READ light NOTIFY sampled)      // from 0 to 1
+    Q_PROPERTY(double lid READ lid NOTIFY sampled)          // degrees
+    Q_PROPERTY(QVector3D motion READ motion NOTIFY sampled) // in g
 
-    // The values of the last 30 seconds, the newest last.
-    Q_PROPERTY(QList<QList<double>> lightHistory MEMBER lights_ NOTIFY sampled)
-    Q_PROPERTY(QList<QList<double>> lidHistory MEMBER lids_ NOTIFY sampled)
-    Q_PROPERTY(QList<QList<double>> motionHistory MEMBER motions_ NOTIFY sampled)
+    Q_PROPERTY(gallery::SensorHistory *lightHistory READ lightHistory CONSTANT)
+    Q_PROPERTY(gallery::SensorHistory *lidHistory READ lidHistory CONSTANT)
+    Q_PROPERTY(gallery::SensorHistory *motionHistory READ motionHistory CONSTANT)
 
 public:
     using QObject::QObject;
@@ -43,18 +43,18 @@ public:
     [[nodiscard]] bool isRunning() const { return clock_ != nullptr; }
     void setRunning(bool isRunning);
 
-    [[nodiscard]] double light() const { return newest(lights_).value(0); }
-    [[nodiscard]] double lid() const { return newest(lids_).value(0); }
-    [[nodiscard]] QList<double> motion() const { return newest(motions_); }
+    [[nodiscard]] double light() const { return lights_.value(0); }
+    [[nodiscard]] double lid() const { return lids_.value(0); }
+    [[nodiscard]] QVector3D motion() const;
+    [[nodiscard]] SensorHistory *lightHistory() { return &lights_; }
+    [[nodiscard]] SensorHistory *lidHistory() { return &lids_; }
+    [[nodiscard]] SensorHistory *motionHistory() { return &motions_; }
 
 Q_SIGNALS:
     void runningChanged();
     void sampled();
 
 private:
-    using History = QList<QList<double>>;
-
-    [[nodiscard]] static QList<double> newest(const History &history);
     void start();
     void stop();
     void sample();
@@ -66,9 +66,9 @@ private:
     bool hasLight_ = false;
     bool hasMotion_ = false;
     bool isLidMeasured_ = false;
-    History lights_;
-    History lids_;
-    History motions_;
+    SensorHistory lights_;
+    SensorHistory lids_;
+    SensorHistory motions_;
     std::shared_ptr<platform::RepeatingTimer> clock_;
 };
 

@@ -10,7 +10,7 @@ VStack {
     required property string title
     required property string value
     property string missing: "" // in place of the plot
-    property alias samples: plot.samples
+    property alias history: plot.history
     property alias colors: plot.colors
     property alias lowest: plot.lowest
     property alias highest: plot.highest
