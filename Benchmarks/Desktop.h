@@ -21,6 +21,7 @@ public:
     explicit Desktop(Windows windows);
 
     [[nodiscard]] QString display() const { return display_.display(); }
+    [[nodiscard]] const testsupport::PrivateRuntime &runtime() const { return runtime_; }
     [[nodiscard]] const QProcessEnvironment &environment() const { return runtime_.environment(); }
     // For the programs that are started from now on.
     void setVariable(const char *name)

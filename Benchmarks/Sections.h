@@ -16,6 +16,9 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Frames and CPU time of the kit's components. Takes some 35 s. REQUIRES: the same.
 [[nodiscard]] std::vector<Row> drawingRows(const Desktop &desktop);
 
+// A beating heart in a panel, on a desktop of their own. Takes some 40 s.
+[[nodiscard]] std::vector<Row> menuBarRows();
+
 // Below: the calling process runs on a display of its own, with a Qt application object.
 
 // How exact the engine's delays and timers are, with the native scheduler and poster. Takes some 25 s, and

@@ -57,6 +57,7 @@ int measure(int argc, char **argv)
     report.add("start-up", [&desktop] { return startUpRows(desktop); });
     addIdleRows(report);
     report.add("drawing", [&desktop] { return drawingRows(desktop); });
+    report.add("menu bar", menuBarRows);
     report.add("wayland", waylandRows);
     report.add("cost of an action", actionCostRows);
     report.add("a million ticks", longRunRows);

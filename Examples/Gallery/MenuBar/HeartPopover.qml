@@ -21,6 +21,7 @@ MenuPopoverContainer {
             value: Math.round(root.heart.bpm)
             label: "beats a minute"
             Layout.fillWidth: true
+            Layout.maximumWidth: root.width
         }
 
         StatColumn {
@@ -28,6 +29,7 @@ MenuPopoverContainer {
             value: (60 / root.heart.bpm).toFixed(2)
             label: "seconds a beat"
             Layout.fillWidth: true
+            Layout.maximumWidth: root.width
         }
 
         MenuBarIconView {
