@@ -23,7 +23,9 @@
 
 namespace {
 
-constexpr int margin = 16;     // points around each page
+constexpr int margin = 16; // points around each page
+// Mesa takes its time under a sanitizer.
+constexpr std::chrono::seconds patience(60);
 constexpr qint64 moment = 600; // milliseconds after a page has appeared; well within a pulse
 
 // The clock of all animations.
@@ -62,7 +64,7 @@ public:
         }
         view_.rootObject()->setPosition({margin, margin});
         view_.show();
-        if (!testsupport::eventually([this] { return view_.isExposed() && isArranged(); })) {
+        if (!testsupport::eventually([this] { return view_.isExposed() && isArranged(); }, patience)) {
             return {};
         }
         clock.moveBy(moment);
@@ -72,7 +74,7 @@ public:
             picture = view_.grabWindow();
             return picture.size() == size;
         };
-        return testsupport::eventually(isOfThatSize) ? picture : QImage();
+        return testsupport::eventually(isOfThatSize, patience) ? picture : QImage();
     }
 
     [[nodiscard]] const char *renderer() const

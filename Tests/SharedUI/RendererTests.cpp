@@ -62,7 +62,7 @@ public:
     // Waits for the program's end. REQUIRES: before all others.
     [[nodiscard]] bool areDrawnBy(const QByteArray &renderer)
     {
-        EXPECT_EQ(program_->waitForExit(std::chrono::seconds(120)), 0)
+        EXPECT_EQ(program_->waitForExit(std::chrono::seconds(240)), 0)
             << program_->standardError().toStdString();
         const auto renderers = program_->standardOutput().trimmed().split('\n');
         return renderers.size() == names().size() && renderers.count(renderer) == renderers.size();
