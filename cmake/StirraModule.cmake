@@ -4,8 +4,44 @@ function(stirra_target target)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${STIRRA_HEADERS}>)
   target_compile_features(${target} PUBLIC cxx_std_20)
-  set_target_properties(${target} PROPERTIES AUTOMOC ON)
   stirra_spare_generated_sources(${target})
+  set_property(GLOBAL APPEND PROPERTY STIRRA_TARGETS ${target})
+endfunction()
+
+# stirra_unite_sources(): to be called when all targets are whole. Those of their sources that define no name twice are
+# compiled as one; see STIRRA_UNITED.
+function(stirra_unite_sources)
+  get_property(targets GLOBAL PROPERTY STIRRA_TARGETS)
+  foreach(target IN LISTS targets)
+    get_target_property(folder ${target} SOURCE_DIR)
+    if(STIRRA_UNITED STREQUAL "all" OR folder MATCHES "^${PROJECT_SOURCE_DIR}/(Benchmarks|Tests)")
+      stirra_unite_sources_of(${target})
+    endif()
+  endforeach()
+endfunction()
+
+function(stirra_unite_sources_of target)
+  get_target_property(folder ${target} SOURCE_DIR)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "^(${PROJECT_BINARY_DIR}/|\\$)")
+  execute_process(
+    COMMAND "${PROJECT_SOURCE_DIR}/scripts/source_groups.py" 12 ${sources}
+    WORKING_DIRECTORY "${folder}"
+    OUTPUT_VARIABLE groups
+    OUTPUT_STRIP_TRAILING_WHITESPACE
+    COMMAND_ERROR_IS_FATAL ANY)
+  string(REPLACE "\n" " " groups "${groups}")
+  set(number 0)
+  separate_arguments(groups NATIVE_COMMAND "${groups}")
+  foreach(group IN LISTS groups)
+    math(EXPR number "${number} + 1")
+    string(REPLACE "," ";" group "${group}")
+    set_source_files_properties(${group} TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${target}${number})
+  endforeach()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  # What is one file's own may have the name of what another includes.
+  target_compile_options(${target} PRIVATE -Wno-shadow -Wno-subobject-linkage)
 endfunction()
 
 # What Qt's tools generate is not held to the project's warnings. Compiled views are almost nothing but the same headers,
@@ -57,6 +93,10 @@ function(stirra_discover name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 60)
   endif()
+  if(STIRRA_SANITIZERS AND NOT "EndToEnd" IN_LIST arg_LABELS)
+    stirra_add_shards(${ARGV})
+    return()
+  endif()
   set(tests ${name}${arg_SUFFIX}_TESTS)
   gtest_discover_tests(${name}
     TEST_PREFIX "${arg_MODULE}."
@@ -74,4 +114,24 @@ function(stirra_discover name)
 endforeach()
 ")
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${properties}")
+endfunction()
+
+# stirra_add_shards(...): as stirra_discover(), but with many cases in one process: under a sanitizer its start costs more
+# than most cases that need nothing but themselves.
+function(stirra_add_shards name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "MODULE;TIMEOUT;SUFFIX;FILTER" "LABELS;ENVIRONMENT")
+  if(arg_FILTER)
+    set(filter "${arg_FILTER}")
+  else()
+    set(filter "*")
+  endif()
+  foreach(index RANGE 7)
+    set(test ${arg_MODULE}.${name}.${index}${arg_SUFFIX})
+    add_test(NAME ${test} COMMAND ${name} "--gtest_filter=${filter}")
+    set_tests_properties(${test} PROPERTIES
+      TIMEOUT 300
+      LABELS "${arg_MODULE};${arg_LABELS}"
+      ENVIRONMENT "GTEST_TOTAL_SHARDS=8;GTEST_SHARD_INDEX=${index};${arg_ENVIRONMENT}"
+      SKIP_REGULAR_EXPRESSION "\\[  SKIPPED \\]")
+  endforeach()
 endfunction()

@@ -36,7 +36,7 @@ PolledIdleClock::Reading read(const BusClock &clock)
     return isAnswered ? PolledIdleClock::Reading(time) : std::nullopt;
 }
 
-std::unique_ptr<IdleClock> open(const BusClock &clock)
+std::unique_ptr<IdleClock> openClock(const BusClock &clock)
 {
     if (!QDBusConnection::sessionBus().isConnected() || !read(clock)) {
         return nullptr;
@@ -49,12 +49,12 @@ std::unique_ptr<IdleClock> open(const BusClock &clock)
 
 std::unique_ptr<IdleClock> openMutterClock()
 {
-    return open(mutter);
+    return openClock(mutter);
 }
 
 std::unique_ptr<IdleClock> openScreenSaverServiceClock()
 {
-    return open(screenSaver);
+    return openClock(screenSaver);
 }
 
 } // namespace platform
