@@ -1,12 +1,18 @@
 # What shows a program in the panel, apart from Platform: see MenuBarServices.h.
+pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd)
+
 target_sources(PlatformMenuBar PRIVATE
+  Linux/Bus/BusConnection.cpp Linux/Bus/BusConnection.h
+  Linux/Bus/BusName.cpp Linux/Bus/BusName.h
+  Linux/Bus/BusObject.h
+  Linux/Bus/BusPointer.h
+  Linux/Bus/BusValues.cpp Linux/Bus/BusValues.h
   Linux/LinuxMenuBar.cpp
-  Linux/StatusNotifier/MenuNodes.cpp Linux/StatusNotifier/MenuNodes.h
+  Linux/StatusNotifier/MenuProperties.cpp Linux/StatusNotifier/MenuProperties.h
   Linux/StatusNotifier/MenuService.cpp Linux/StatusNotifier/MenuService.h
   Linux/StatusNotifier/NotifierItem.cpp Linux/StatusNotifier/NotifierItem.h
-  Linux/StatusNotifier/NotifierPixmap.cpp Linux/StatusNotifier/NotifierPixmap.h
   Linux/StatusNotifier/NotifierStatusItem.cpp Linux/StatusNotifier/NotifierStatusItem.h
   Linux/StatusNotifier/PanelTint.cpp Linux/StatusNotifier/PanelTint.h
   Linux/StatusNotifier/PanelWatch.cpp Linux/StatusNotifier/PanelWatch.h
 )
-target_link_libraries(PlatformMenuBar PRIVATE Qt6::DBus)
+target_link_libraries(PlatformMenuBar PRIVATE PkgConfig::SYSTEMD)

@@ -1,41 +1,52 @@
 #include "Platform/Linux/StatusNotifier/MenuService.h"
 
+#include "Platform/Linux/Bus/BusObject.h"
+
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace platform {
 
 namespace {
 
+constexpr auto interface = "com.canonical.dbusmenu";
 constexpr int rootId = 0;
 
-// An underscore would mark the next letter as the one to press.
-QString labelOf(const StatusMenuItem &item)
-{
-    return QString::fromStdString(item.title).replace(QLatin1Char('_'), QLatin1String("__"));
-}
-
-QVariantMap allPropertiesOf(const StatusMenuItem &item)
-{
-    if (item.title.empty()) {
-        return {{QStringLiteral("type"), QStringLiteral("separator")}};
-    }
-    QVariantMap properties{{QStringLiteral("label"), labelOf(item)},
-                           {QStringLiteral("enabled"), item.isEnabled}};
-    if (item.isChecked) {
-        properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
-        properties.insert(QStringLiteral("toggle-state"), *item.isChecked ? 1 : 0);
-    }
-    return properties;
-}
+constexpr std::array table{
+    sd_bus_vtable SD_BUS_VTABLE_START(0),
+    sd_bus_vtable SD_BUS_PROPERTY("Version", "u", serveProperty<&MenuService::version>, 0, 0),
+    sd_bus_vtable SD_BUS_PROPERTY("TextDirection", "s", serveProperty<&MenuService::textDirection>, 0, 0),
+    sd_bus_vtable SD_BUS_PROPERTY("Status", "s", serveProperty<&MenuService::status>, 0, 0),
+    sd_bus_vtable SD_BUS_PROPERTY("IconThemePath", "as", serveProperty<&MenuService::iconThemePath>, 0, 0),
+    sd_bus_vtable SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)", serve<&MenuService::getLayout>, 0),
+    sd_bus_vtable SD_BUS_METHOD("GetGroupProperties", "aias", "a(ia{sv})",
+                                serve<&MenuService::getGroupProperties>, 0),
+    sd_bus_vtable SD_BUS_METHOD("GetProperty", "is", "v", serve<&MenuService::getProperty>, 0),
+    sd_bus_vtable SD_BUS_METHOD("Event", "isvu", "", serve<&MenuService::handleEvent>, 0),
+    sd_bus_vtable SD_BUS_METHOD("EventGroup", "a(isvu)", "ai", serve<&MenuService::handleEvents>, 0),
+    sd_bus_vtable SD_BUS_METHOD("AboutToShow", "i", "b", serve<&MenuService::aboutToShow>, 0),
+    sd_bus_vtable SD_BUS_METHOD("AboutToShowGroup", "ai", "aiai", serve<&MenuService::aboutToShowGroup>, 0),
+    sd_bus_vtable SD_BUS_SIGNAL("ItemsPropertiesUpdated", "a(ia{sv})a(ias)", 0),
+    sd_bus_vtable SD_BUS_SIGNAL("LayoutUpdated", "ui", 0),
+    sd_bus_vtable SD_BUS_SIGNAL("ItemActivationRequested", "iu", 0),
+    sd_bus_vtable SD_BUS_VTABLE_END,
+};
 
 } // namespace
 
-MenuService::MenuService(QObject *exported)
-    : QDBusAbstractAdaptor(exported)
+BusSlot MenuService::exportOn(BusConnection &bus)
 {
-    registerMenuTypes();
+    return bus.exportObject(menuPath, interface, table.data(), this);
+}
+
+void MenuService::announceLayout(BusConnection &bus) const
+{
+    const auto signal = bus.newSignal(menuPath, interface, "LayoutUpdated");
+    BusWriter(signal.get()).add(revision_).add(rootId);
+    bus.send(signal.get());
 }
 
 void MenuService::setItems(std::vector<StatusMenuItem> items)
@@ -43,71 +54,82 @@ void MenuService::setItems(std::vector<StatusMenuItem> items)
     firstId_ += static_cast<int>(items_.size());
     items_ = std::move(items);
     ++revision_;
-    Q_EMIT LayoutUpdated(revision_, rootId);
 }
 
-QString MenuService::textDirection() const
+void MenuService::textDirection(BusWriter &value) const
 {
-    return QGuiApplication::layoutDirection() == Qt::RightToLeft ? QStringLiteral("rtl")
-                                                                 : QStringLiteral("ltr");
+    value.add(QGuiApplication::layoutDirection() == Qt::RightToLeft ? "rtl" : "ltr");
 }
 
-uint MenuService::GetLayout(int parentId, int recursionDepth, const QStringList &propertyNames,
-                            MenuNode &layout) const
+void MenuService::iconThemePath(BusWriter &value) const
 {
-    layout.id = parentId;
-    layout.properties = propertiesOf(parentId, propertyNames);
-    if (parentId == rootId && recursionDepth != 0) {
-        for (const int id : itemIds()) {
-            const MenuNode child{id, propertiesOf(id, propertyNames), {}};
-            layout.children.append(QDBusVariant(QVariant::fromValue(child)));
+    value.array("s", [] {});
+}
+
+void MenuService::getLayout(BusReader &arguments, BusWriter &answer)
+{
+    const int parentId = arguments.number();
+    const int depth = arguments.number();
+    const auto names = arguments.texts();
+    answer.add(revision_);
+    addNode(answer, parentId, names, parentId == rootId && depth != 0);
+}
+
+void MenuService::getGroupProperties(BusReader &arguments, BusWriter &answer)
+{
+    auto ids = arguments.numbers();
+    const auto names = arguments.texts();
+    if (ids.empty()) {
+        ids = itemIds();
+    }
+    answer.array("(ia{sv})", [&] {
+        for (const int id : ids) {
+            if (has(id)) {
+                answer.structure("ia{sv}", [&] {
+                    answer.add(id);
+                    addProperties(answer, propertiesOf(id), names);
+                });
+            }
         }
-    }
-    return revision_;
+    });
 }
 
-QList<MenuNodeProperties> MenuService::GetGroupProperties(const QList<int> &ids,
-                                                          const QStringList &propertyNames) const
+void MenuService::getProperty(BusReader &arguments, BusWriter &answer)
 {
-    QList<MenuNodeProperties> group;
-    for (const int id : ids.isEmpty() ? itemIds() : ids) {
-        if (has(id)) {
-            group.append({id, propertiesOf(id, propertyNames)});
+    const int id = arguments.number();
+    const auto name = arguments.text();
+    const auto properties = propertiesOf(id);
+    const auto found = std::find_if(properties.begin(), properties.end(),
+                                    [name](const auto &property) { return property.name == name; });
+    addValue(answer, found == properties.end() ? MenuProperty{"", 's', {}} : *found);
+}
+
+void MenuService::handleEvent(BusReader &arguments, BusWriter & /*answer*/)
+{
+    static_cast<void>(takeEvent(arguments));
+}
+
+void MenuService::handleEvents(BusReader &arguments, BusWriter &answer)
+{
+    std::vector<int> errors;
+    arguments.structures("isvu", [&] {
+        if (const int id = takeEvent(arguments); !has(id)) {
+            errors.push_back(id);
         }
-    }
-    return group;
+    });
+    answer.add(errors);
 }
 
-QDBusVariant MenuService::GetProperty(int id, const QString &name) const
+void MenuService::aboutToShow(BusReader & /*arguments*/, BusWriter &answer)
 {
-    return QDBusVariant(propertiesOf(id, {}).value(name, QString()));
+    answer.add(false);
 }
 
-void MenuService::Event(int id, const QString &name, const QDBusVariant & /*data*/, uint /*timestamp*/)
+void MenuService::aboutToShowGroup(BusReader &arguments, BusWriter &answer)
 {
-    if (name == QLatin1String("clicked")) {
-        QMetaObject::invokeMethod(
-            this, [this, id] { run(id); }, Qt::QueuedConnection);
-    }
-}
-
-QList<int> MenuService::EventGroup(const QList<MenuEvent> &events)
-{
-    QList<int> errors;
-    for (const auto &event : events) {
-        Event(event.id, event.name, event.data, event.timestamp);
-        if (!has(event.id)) {
-            errors.append(event.id);
-        }
-    }
-    return errors;
-}
-
-QList<int> MenuService::AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors) const
-{
-    idErrors = ids;
-    idErrors.removeIf([this](int id) { return has(id); });
-    return {};
+    auto errors = arguments.numbers();
+    std::erase_if(errors, [this](int id) { return has(id); });
+    answer.add(std::vector<int>()).add(errors);
 }
 
 bool MenuService::has(int id) const
@@ -121,25 +143,44 @@ const StatusMenuItem *MenuService::find(int id) const
     return id >= firstId_ && index < items_.size() ? &items_[index] : nullptr;
 }
 
-QList<int> MenuService::itemIds() const
+std::vector<int> MenuService::itemIds() const
 {
-    QList<int> ids(static_cast<qsizetype>(items_.size()));
+    std::vector<int> ids(items_.size());
     std::iota(ids.begin(), ids.end(), firstId_);
     return ids;
 }
 
-QVariantMap MenuService::propertiesOf(int id, const QStringList &names) const
+MenuProperties MenuService::propertiesOf(int id) const
 {
-    QVariantMap properties;
     if (id == rootId) {
-        properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
-    } else if (const auto *item = find(id)) {
-        properties = allPropertiesOf(*item);
+        return rootProperties();
     }
-    if (!names.isEmpty()) {
-        properties.removeIf([&names](const auto &property) { return !names.contains(property.key()); });
+    const auto *item = find(id);
+    return item ? platform::propertiesOf(*item) : MenuProperties();
+}
+
+void MenuService::addNode(BusWriter &answer, int id, const Names &names, bool hasChildren) const
+{
+    answer.structure("ia{sv}av", [&] {
+        answer.add(id);
+        addProperties(answer, propertiesOf(id), names);
+        answer.array("v", [&] {
+            for (const int child : hasChildren ? itemIds() : std::vector<int>()) {
+                answer.variant("(ia{sv}av)", [&] { addNode(answer, child, names, false); });
+            }
+        });
+    });
+}
+
+int MenuService::takeEvent(BusReader &arguments)
+{
+    const int id = arguments.number();
+    if (arguments.text() == "clicked") {
+        QMetaObject::invokeMethod(
+            this, [this, id] { run(id); }, Qt::QueuedConnection);
     }
-    return properties;
+    arguments.skip("vu"); // a value that goes with it, and the time
+    return id;
 }
 
 void MenuService::run(int id)

@@ -1,68 +1,49 @@
 #include "Platform/Linux/StatusNotifier/NotifierStatusItem.h"
 
-#include <QUuid>
-
 #include <utility>
 
 namespace platform {
 
-namespace {
-
-QDBusConnection newConnection()
-{
-    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, QUuid::createUuid().toString());
-}
-
-} // namespace
-
 std::shared_ptr<StatusItem> NotifierStatusItem::create(const StatusItemIdentity &identity,
                                                        const Appearance &appearance)
 {
-    const auto bus = newConnection();
-    return bus.isConnected() ? std::make_shared<NotifierStatusItem>(bus, identity, appearance) : nullptr;
+    auto bus = BusConnection::openSession();
+    return bus ? std::make_shared<NotifierStatusItem>(std::move(bus), identity, appearance) : nullptr;
 }
 
-NotifierStatusItem::NotifierStatusItem(const QDBusConnection &bus, const StatusItemIdentity &identity,
+NotifierStatusItem::Presence::Presence(std::unique_ptr<BusConnection> connection, NotifierItem &exportedItem,
+                                       MenuService &exportedMenu)
+    : bus(std::move(connection))
+    , item(exportedItem.exportOn(*bus))
+    , menu(exportedMenu.exportOn(*bus))
+    , watch(*bus)
+{}
+
+NotifierStatusItem::NotifierStatusItem(std::unique_ptr<BusConnection> bus, const StatusItemIdentity &identity,
                                        const Appearance &appearance)
-    : item_(*new NotifierItem(identity, &itemObject_))
-    , menu_(*new MenuService(&menuObject_))
-    , tint_(QDBusConnection::sessionBus(), appearance)
+    : item_(identity)
+    , tint_(appearance)
 {
     item_.setInk(tint_.ink());
     QObject::connect(&tint_, &PanelTint::changed, &tint_, [this] { updateInk(); });
-    join(bus);
+    join(std::move(bus));
 }
 
-NotifierStatusItem::~NotifierStatusItem()
+void NotifierStatusItem::join(std::unique_ptr<BusConnection> bus)
 {
-    leave();
-}
-
-void NotifierStatusItem::join(const QDBusConnection &bus)
-{
-    auto own = bus;
-    own.registerObject(QStringLiteral("/StatusNotifierItem"), &itemObject_, QDBusConnection::ExportAdaptors);
-    own.registerObject(QLatin1String(menuPath), &menuObject_, QDBusConnection::ExportAdaptors);
-    watch_ = std::make_unique<PanelWatch>(bus);
-    QObject::connect(watch_.get(), &PanelWatch::changed, watch_.get(), [this] { announceIcon(); });
-    watch_->start();
-}
-
-void NotifierStatusItem::leave()
-{
-    const auto name = watch_->bus().name();
-    watch_.reset();
-    QDBusConnection::disconnectFromBus(name);
+    tint_.leave();
+    presence_ = std::make_unique<Presence>(std::move(bus), item_, menu_);
+    QObject::connect(&presence_->watch, &PanelWatch::changed, &tint_, [this] { announceIcon(); });
+    tint_.follow(*presence_->bus);
 }
 
 void NotifierStatusItem::joinAgain()
 {
-    if (!watch_->isKnown()) {
+    if (!presence_->watch.isKnown()) {
         return;
     }
-    if (const auto bus = newConnection(); bus.isConnected()) {
-        leave();
-        join(bus);
+    if (auto bus = BusConnection::openSession()) {
+        join(std::move(bus));
     }
 }
 
@@ -70,6 +51,7 @@ void NotifierStatusItem::setMenu(std::vector<StatusMenuItem> items)
 {
     const bool hasMenu = !items.empty();
     menu_.setItems(std::move(items));
+    menu_.announceLayout(*presence_->bus);
     if (hasMenu != item_.hasMenu()) {
         item_.setHasMenu(hasMenu);
         joinAgain();
@@ -103,8 +85,8 @@ void NotifierStatusItem::updateInk()
 
 void NotifierStatusItem::announceIcon()
 {
-    if (watch_->isWatched()) {
-        Q_EMIT item_.NewIcon();
+    if (presence_->watch.isWatched()) {
+        NotifierItem::announceIcon(*presence_->bus);
     }
 }
 

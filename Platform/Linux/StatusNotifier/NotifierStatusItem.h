@@ -18,29 +18,37 @@ public:
     [[nodiscard]] static std::shared_ptr<StatusItem> create(const StatusItemIdentity &identity,
                                                             const Appearance &appearance);
 
-    NotifierStatusItem(const QDBusConnection &bus, const StatusItemIdentity &identity,
+    NotifierStatusItem(std::unique_ptr<BusConnection> bus, const StatusItemIdentity &identity,
                        const Appearance &appearance);
-    ~NotifierStatusItem() override;
 
     StatusButton *button() override { return this; }
     void setMenu(std::vector<StatusMenuItem> items) override;
 
 private:
+    // What there is of the item on one connection.
+    struct Presence
+    {
+        Presence(std::unique_ptr<BusConnection> connection, NotifierItem &exportedItem,
+                 MenuService &exportedMenu);
+
+        std::unique_ptr<BusConnection> bus;
+        BusSlot item;
+        BusSlot menu;
+        PanelWatch watch;
+    };
+
     void setImage(const TemplateImage &image) override;
     void setClickHandler(std::function<void(const StatusClick &)> handler) override;
 
-    void join(const QDBusConnection &bus);
-    void leave();
+    void join(std::unique_ptr<BusConnection> bus);
     void joinAgain();
     void updateInk();
     void announceIcon();
 
-    QObject itemObject_;
-    QObject menuObject_;
-    NotifierItem &item_; // of itemObject_
-    MenuService &menu_;  // of menuObject_
+    NotifierItem item_;
+    MenuService menu_;
+    std::unique_ptr<Presence> presence_;
     PanelTint tint_;
-    std::unique_ptr<PanelWatch> watch_;
 };
 
 } // namespace platform

@@ -1,46 +1,23 @@
 #include "Platform/Linux/StatusNotifier/PanelTint.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-
 namespace platform {
 
 namespace {
 
 constexpr int inkOpacity = 0xD9;
 
-QString shell()
-{
-    return QStringLiteral("org.gnome.Shell");
-}
-
-QDBusMessage askForShell()
-{
-    auto call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    call << shell();
-    return call;
-}
-
 } // namespace
 
-PanelTint::PanelTint(const QDBusConnection &bus, const Appearance &appearance, QObject *parent)
-    : QObject(parent)
-    , appearance_(appearance)
+PanelTint::PanelTint(const Appearance &appearance)
+    : appearance_(appearance)
 {
     connect(&appearance, &Appearance::changed, this, &PanelTint::changed);
-    auto *watcher = new QDBusServiceWatcher(shell(), bus, QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { setIsShellThere(true); });
-    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { setIsShellThere(false); });
-    auto *pending = new QDBusPendingCallWatcher(bus.asyncCall(askForShell()), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *call) {
-        call->deleteLater();
-        const QDBusPendingReply<bool> reply = *call;
-        setIsShellThere(reply.isValid() && reply.value());
-    });
+}
+
+void PanelTint::follow(BusConnection &bus)
+{
+    shell_ = std::make_unique<BusName>(bus, "org.gnome.Shell");
+    connect(shell_.get(), &BusName::ownerChanged, this, [this] { setIsShellThere(shell_->isOwned()); });
 }
 
 QColor PanelTint::ink() const

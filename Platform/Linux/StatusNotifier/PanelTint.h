@@ -2,9 +2,7 @@
 #pragma once
 
 #include "Platform/Appearance.h"
-
-#include <QDBusConnection>
-#include <QObject>
+#include "Platform/Linux/Bus/BusName.h"
 
 namespace platform {
 
@@ -17,7 +15,12 @@ class PanelTint final : public QObject
 
 public:
     // REQUIRES: the appearance outlives it.
-    PanelTint(const QDBusConnection &bus, const Appearance &appearance, QObject *parent = nullptr);
+    explicit PanelTint(const Appearance &appearance);
+
+    // Asks there from now on. REQUIRES: the connection lives until it is left.
+    void follow(BusConnection &bus);
+    // What was heard last stays true.
+    void leave() { shell_.reset(); }
 
     // White on a dark panel, black on a light one, at the opacity of the primary label colour.
     [[nodiscard]] QColor ink() const;
@@ -29,6 +32,7 @@ private:
     void setIsShellThere(bool isThere);
 
     const Appearance &appearance_;
+    std::unique_ptr<BusName> shell_;
     bool isShellThere_ = false;
 };
 

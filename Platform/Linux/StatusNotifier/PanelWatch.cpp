@@ -1,105 +1,78 @@
 #include "Platform/Linux/StatusNotifier/PanelWatch.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-#include <QDBusVariant>
-
-#include <utility>
+#include "Platform/Linux/Bus/BusObject.h"
 
 namespace platform {
 
 namespace {
 
-QString watcherService()
-{
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
-}
+constexpr auto watcherName = "org.kde.StatusNotifierWatcher"; // its interface's, too
+constexpr auto watcherPath = "/StatusNotifierWatcher";
 
-QString watcherPath()
+std::string signalOf(const char *name)
 {
-    return QStringLiteral("/StatusNotifierWatcher");
-}
-
-QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
-{
-    auto call = QDBusMessage::createMethodCall(watcherService(), watcherPath(), interface, method);
-    call.setArguments(arguments);
-    call.setAutoStartService(false);
-    return call;
+    return std::string("type='signal',sender='") + watcherName + "',path='" + watcherPath + "',interface='" +
+           watcherName + "',member='" + name + "'";
 }
 
 } // namespace
 
-PanelWatch::PanelWatch(QDBusConnection bus, QObject *parent)
-    : QObject(parent)
-    , bus_(std::move(bus))
-{}
-
-void PanelWatch::start()
+PanelWatch::PanelWatch(BusConnection &bus)
+    : bus_(bus)
+    , watcher_(bus, watcherName)
+    , hostComes_(
+          bus.watch(signalOf("StatusNotifierHostRegistered"), handle<&PanelWatch::takeHostChange>, this))
+    , hostGoes_(
+          bus.watch(signalOf("StatusNotifierHostUnregistered"), handle<&PanelWatch::takeHostChange>, this))
 {
-    followWatcher();
-    QMetaObject::invokeMethod(this, &PanelWatch::registerItem, Qt::QueuedConnection);
-}
-
-void PanelWatch::followWatcher()
-{
-    auto *watcher =
-        new QDBusServiceWatcher(watcherService(), bus_, QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString & /*name*/, const QString & /*oldOwner*/, const QString &newOwner) {
-                set(false, false);
-                if (!newOwner.isEmpty()) {
-                    registerItem();
-                }
-            });
-    for (const auto *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-        bus_.connect(watcherService(), watcherPath(), watcherService(), QString::fromLatin1(signal), this,
-                     SLOT(askForHost()));
-    }
+    connect(&bus, &BusConnection::ended, this, [this] { set(false, false); });
+    connect(&watcher_, &BusName::ownerChanged, this, [this] {
+        registration_.reset();
+        hostQuestion_.reset();
+        set(false, false);
+        if (watcher_.isOwned()) {
+            registerItem();
+        }
+    });
 }
 
 void PanelWatch::registerItem()
 {
-    if (isRegistering_) {
-        isLate_ = true;
-        return;
-    }
     isKnown_ = true;
-    isRegistering_ = true;
-    isLate_ = false;
-    const auto call =
-        watcherCall(watcherService(), QStringLiteral("RegisterStatusNotifierItem"), {bus_.baseService()});
-    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, &PanelWatch::takeRegistration);
+    const auto call = bus_.newCall({watcherName, watcherPath, watcherName, "RegisterStatusNotifierItem"});
+    BusWriter(call.get()).add(bus_.uniqueName());
+    registration_ = bus_.call(call.get(), handle<&PanelWatch::takeRegistration>, this);
 }
 
-void PanelWatch::takeRegistration(QDBusPendingCallWatcher *call)
+int PanelWatch::takeRegistration(sd_bus_message *answer)
 {
-    call->deleteLater();
-    isRegistering_ = false;
-    if (!call->isError()) {
+    if (BusReader(answer).isGood()) {
         set(true, hasHost_);
         askForHost();
-    } else if (isLate_) {
-        registerItem();
     }
+    return 0;
+}
+
+int PanelWatch::takeHostChange(sd_bus_message * /*signal*/)
+{
+    askForHost();
+    return 0;
 }
 
 void PanelWatch::askForHost()
 {
-    const auto call = watcherCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                                  {watcherService(), QStringLiteral("IsStatusNotifierHostRegistered")});
-    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, &PanelWatch::takeHost);
+    const auto call = bus_.newCall({watcherName, watcherPath, "org.freedesktop.DBus.Properties", "Get"});
+    BusWriter(call.get()).add(watcherName).add("IsStatusNotifierHostRegistered");
+    hostQuestion_ = bus_.call(call.get(), handle<&PanelWatch::takeHost>, this);
 }
 
-void PanelWatch::takeHost(QDBusPendingCallWatcher *call)
+int PanelWatch::takeHost(sd_bus_message *answer)
 {
-    call->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *call;
-    set(hasWatcher_, reply.isError() || reply.value().variant().toBool());
+    BusReader reader(answer);
+    bool hasHost = false;
+    reader.variant("b", [&] { hasHost = reader.flag(); });
+    set(hasWatcher_, hasHost || !reader.isGood());
+    return 0;
 }
 
 void PanelWatch::set(bool hasWatcher, bool hasHost)

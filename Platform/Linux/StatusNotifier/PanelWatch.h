@@ -1,10 +1,7 @@
 // Whether a panel shows the items of programs.
 #pragma once
 
-#include <QDBusConnection>
-#include <QObject>
-
-class QDBusPendingCallWatcher;
+#include "Platform/Linux/Bus/BusName.h"
 
 namespace platform {
 
@@ -15,12 +12,10 @@ class PanelWatch final : public QObject
     Q_OBJECT
 
 public:
-    explicit PanelWatch(QDBusConnection bus, QObject *parent = nullptr);
+    // Registers from the next turn of the event loop on. REQUIRES: the connection outlives it, and the item
+    // is exported then.
+    explicit PanelWatch(BusConnection &bus);
 
-    // Registers from the next turn of the event loop on. REQUIRES: the item's object is exported then.
-    void start();
-
-    [[nodiscard]] const QDBusConnection &bus() const { return bus_; }
     // Whether it has tried to register the item.
     [[nodiscard]] bool isKnown() const { return isKnown_; }
     // Whether a watcher has the item, and some panel shows it. One that does not say counts as one that does.
@@ -29,20 +24,21 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void askForHost();
-
 private:
-    void followWatcher();
     void registerItem();
-    void takeRegistration(QDBusPendingCallWatcher *call);
-    void takeHost(QDBusPendingCallWatcher *call);
+    void askForHost();
+    int takeRegistration(sd_bus_message *answer);
+    int takeHostChange(sd_bus_message *signal);
+    int takeHost(sd_bus_message *answer);
     void set(bool hasWatcher, bool hasHost);
 
-    QDBusConnection bus_;
+    BusConnection &bus_;
+    BusName watcher_;
+    BusSlot hostComes_;
+    BusSlot hostGoes_;
+    BusSlot registration_; // of the watcher that is there now
+    BusSlot hostQuestion_;
     bool isKnown_ = false;
-    bool isRegistering_ = false;
-    bool isLate_ = false; // a watcher came while an answer, perhaps of nobody, was on its way
     bool hasWatcher_ = false;
     bool hasHost_ = false;
 };

@@ -1,8 +1,6 @@
 #include "Tests/Platform/StatusNotifier/StatusItemTest.h"
 
-#include "Platform/Linux/StatusNotifier/NotifierPixmap.h"
-
-#include <QDBusMetaType>
+#include "Tests/Platform/StatusNotifier/SeenValues.h"
 
 namespace platform {
 
@@ -16,9 +14,9 @@ QString text(const char *latin1)
 }
 
 // What the panel reads as the icon.
-NotifierPixmaps icon(testsupport::SeenItem &seen)
+QList<testsupport::SeenPixmap> icon(testsupport::SeenItem &seen)
 {
-    return qdbus_cast<NotifierPixmaps>(seen.property("IconPixmap"));
+    return qdbus_cast<QList<testsupport::SeenPixmap>>(seen.property("IconPixmap"));
 }
 
 // The one pixel's alpha and red.

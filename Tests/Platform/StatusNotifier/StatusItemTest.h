@@ -7,6 +7,7 @@
 #include "Tests/Platform/StatusNotifier/WatcherStandIn.h"
 #include "Tests/Support/Eventually.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace platform {

@@ -1,6 +1,6 @@
 #include "Tests/Platform/StatusNotifier/StatusItemTest.h"
 
-#include "Platform/Linux/StatusNotifier/MenuNodes.h"
+#include "Tests/Platform/StatusNotifier/SeenValues.h"
 
 #include <QDBusObjectPath>
 
@@ -8,7 +8,10 @@ namespace platform {
 
 namespace {
 
+using testing::ElementsAre;
 using testsupport::eventually;
+using testsupport::SeenNode;
+using testsupport::SeenProperties;
 
 QString text(const char *latin1)
 {
@@ -48,16 +51,16 @@ protected:
     struct Layout
     {
         uint revision = 0;
-        MenuNode root;
-        QList<MenuNode> items;
+        SeenNode root;
+        QList<SeenNode> items;
     };
 
     [[nodiscard]] Layout layout(const QStringList &names = {}) const
     {
         const auto answer = seen->callMenu("GetLayout", {0, -1, names});
-        Layout layout{answer.value(0).toUInt(), qdbus_cast<MenuNode>(answer.value(1)), {}};
+        Layout layout{answer.value(0).toUInt(), qdbus_cast<SeenNode>(answer.value(1)), {}};
         for (const auto &child : layout.root.children) {
-            layout.items.append(qdbus_cast<MenuNode>(child.variant()));
+            layout.items.append(qdbus_cast<SeenNode>(child.variant()));
         }
         return layout;
     }
@@ -135,11 +138,11 @@ TEST_F(StatusMenuTest, TellsAsMuchAsIsAsked)
     EXPECT_EQ(layout({text("label")}).items.value(3).properties,
               QVariantMap({{text("label"), text("Beat")}}));
     const auto shallow = seen->callMenu("GetLayout", {0, 0, QStringList()});
-    EXPECT_TRUE(qdbus_cast<MenuNode>(shallow.value(1)).children.isEmpty());
+    EXPECT_TRUE(qdbus_cast<SeenNode>(shallow.value(1)).children.isEmpty());
     const int id = layout().items.value(3).id;
     const auto group =
         seen->callMenu("GetGroupProperties", {QVariant::fromValue(QList<int>{id, 999}), QStringList()});
-    const auto properties = qdbus_cast<QList<MenuNodeProperties>>(group.value(0));
+    const auto properties = qdbus_cast<QList<SeenProperties>>(group.value(0));
     ASSERT_EQ(properties.size(), 1);
     EXPECT_EQ(properties[0].id, id);
     const auto label = seen->callMenu("GetProperty", {id, text("label")});
@@ -160,6 +163,23 @@ TEST_F(StatusMenuTest, RunsWhatIsChosen)
     choose(items.value(3).id);
     EXPECT_TRUE(eventually([this] { return !chosen.empty(); }));
     EXPECT_EQ(chosen, std::vector{4});
+}
+
+TEST_F(StatusMenuTest, RunsWhatIsChosenInAGroup)
+{
+    setMenu();
+    ASSERT_TRUE(joinsAgain());
+    const int first = layout().items.value(0).id;
+    const auto errors = seen->callMenu("EventGroup", {testsupport::sent({{first + 3, text("clicked")},
+                                                                         {999, text("clicked")},
+                                                                         {first, text("hovered")},
+                                                                         {first, text("clicked")}})});
+    EXPECT_THAT(qdbus_cast<QList<int>>(errors.value(0)), ElementsAre(999));
+    EXPECT_TRUE(eventually([this] { return chosen.size() == 2; }));
+    EXPECT_THAT(chosen, ElementsAre(4, 1));
+    const auto about = seen->callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0, 999, first})});
+    EXPECT_THAT(qdbus_cast<QList<int>>(about.value(0)), ElementsAre());
+    EXPECT_THAT(qdbus_cast<QList<int>>(about.value(1)), ElementsAre(999));
 }
 
 TEST_F(StatusMenuTest, AChoiceFromAnOldMenuDoesNothing)

@@ -84,7 +84,9 @@ QVariantList SeenItem::ask(const QString &path, const QString &interface, const 
     call.setArguments(arguments);
     const auto pending = bus_.asyncCall(call);
     static_cast<void>(eventually([&pending] { return pending.isFinished(); }));
-    return pending.reply().arguments();
+    const auto reply = pending.reply();
+    lastError_ = reply.errorName();
+    return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments() : QVariantList();
 }
 
 } // namespace testsupport

@@ -51,6 +51,10 @@ public:
     QVariantList call(const char *method, const QVariantList &arguments);
     QVariantList callMenu(const char *method, const QVariantList &arguments);
 
+    // The name of the last call's error; empty where there was none.
+    [[nodiscard]] QString lastError() const { return lastError_; }
+    [[nodiscard]] const QDBusConnection &bus() const { return bus_; }
+
     int newIcons = 0; // the signals that came
 
 private Q_SLOTS:
@@ -62,6 +66,7 @@ private:
 
     QDBusConnection bus_;
     QString service_;
+    QString lastError_;
 };
 
 } // namespace testsupport
