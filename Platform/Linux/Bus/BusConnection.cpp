@@ -130,6 +130,7 @@ void BusConnection::await()
 {
     awaitSocket();
     awaitTimeout();
+    followQueue();
 }
 
 // An address that leads nowhere makes the library try the next one, on another socket.
@@ -164,6 +165,15 @@ void BusConnection::awaitTimeout()
         timeout_.stop();
     } else {
         timeout_.start(until(due));
+    }
+}
+
+void BusConnection::followQueue()
+{
+    std::uint64_t kept = 0;
+    sd_bus_get_n_queued_write(bus_.get(), &kept);
+    if (std::exchange(isBehind_, kept > 0) && !isBehind_) {
+        Q_EMIT caughtUp();
     }
 }
 

@@ -50,8 +50,12 @@ public:
 
     [[nodiscard]] BusMessage newSignal(const char *path, const char *interface, const char *name) const;
     void send(sd_bus_message *message);
+    // Whether something is kept until the bus takes it.
+    [[nodiscard]] bool isBehind() const { return isBehind_; }
 
 Q_SIGNALS:
+    // The bus has taken all that was kept.
+    void caughtUp();
     // The bus has gone, or has shown us the door. It does not come back on this connection, and what was
     // asked for last may stay without an answer.
     void ended();
@@ -62,12 +66,14 @@ private:
     void await();
     void awaitSocket();
     void awaitTimeout();
+    void followQueue();
 
     BusPointer<sd_bus> bus_;
     std::unique_ptr<QSocketNotifier> readable_;
     std::unique_ptr<QSocketNotifier> writable_;
     QTimer timeout_;
     std::uint64_t due_ = UINT64_MAX; // when the timer fires, in microseconds of the monotonic clock
+    bool isBehind_ = false;
 };
 
 } // namespace platform

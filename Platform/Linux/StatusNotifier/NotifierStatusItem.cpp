@@ -34,6 +34,11 @@ void NotifierStatusItem::join(std::unique_ptr<BusConnection> bus)
     tint_.leave();
     presence_ = std::make_unique<Presence>(std::move(bus), item_, menu_);
     QObject::connect(&presence_->watch, &PanelWatch::changed, &tint_, [this] { announceIcon(); });
+    QObject::connect(presence_->bus.get(), &BusConnection::caughtUp, &tint_, [this] {
+        if (presence_->isIconDue) {
+            announceIcon();
+        }
+    });
     tint_.follow(*presence_->bus);
 }
 
@@ -85,7 +90,9 @@ void NotifierStatusItem::updateInk()
 
 void NotifierStatusItem::announceIcon()
 {
-    if (presence_->watch.isWatched()) {
+    presence_->isIconDue = presence_->watch.isWatched();
+    if (presence_->isIconDue && !presence_->bus->isBehind()) {
+        presence_->isIconDue = false;
         NotifierItem::announceIcon(*presence_->bus);
     }
 }

@@ -10,7 +10,8 @@ namespace platform {
 
 // Speaks the StatusNotifierItem protocol over a bus connection of its own, where its object's path is that
 // which all panels look for. Panels read the picture when NewIcon tells them to; without a panel nothing is
-// sent. What panels read but once, whether there is a menu, takes effect by leaving and joining again.
+// sent, and a bus that hangs is told of the last picture only, when it goes on. What panels read but once,
+// whether there is a menu, takes effect by leaving and joining again.
 class NotifierStatusItem final : public StatusItem, private StatusButton
 {
 public:
@@ -35,6 +36,7 @@ private:
         BusSlot item;
         BusSlot menu;
         PanelWatch watch;
+        bool isIconDue = false; // as soon as the bus has caught up
     };
 
     void setImage(const TemplateImage &image) override;

@@ -170,6 +170,9 @@ TEST_F(BusConnectionTest, SendsLaterWhatTheBusDoesNotTakeNow)
     connect();
     ask();
     ASSERT_TRUE(eventually([this] { return answers.count == 1; }));
+    EXPECT_FALSE(connection->isBehind());
+    int catches = 0;
+    QObject::connect(connection.get(), &BusConnection::caughtUp, [&catches] { ++catches; });
     bus->process().sendSignal(SIGSTOP);
     for (int i = 0; i < signals; ++i) {
         const auto signal = connection->newSignal("/", "org.stirra.Test", "Much");
@@ -177,8 +180,12 @@ TEST_F(BusConnectionTest, SendsLaterWhatTheBusDoesNotTakeNow)
         connection->send(signal.get());
     }
     ask();
+    EXPECT_TRUE(connection->isBehind());
+    EXPECT_EQ(catches, 0);
     bus->process().sendSignal(SIGCONT);
     EXPECT_TRUE(eventually([this] { return answers.count == 2; }));
+    EXPECT_EQ(catches, 1);
+    EXPECT_FALSE(connection->isBehind());
     EXPECT_EQ(answers.errors, 0);
     EXPECT_EQ(ends, 0);
 }

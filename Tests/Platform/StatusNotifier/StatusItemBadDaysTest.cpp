@@ -6,6 +6,8 @@
 
 #include <QDBusMessage>
 
+#include <sys/socket.h>
+
 #include <csignal>
 
 namespace platform {
@@ -152,6 +154,15 @@ protected:
         setAddress(bus->address());
     }
 
+    // Those of this process, which hold megabytes where the user may have as much.
+    static void narrowSockets()
+    {
+        const int bytes = 10'000;
+        for (int file = 0; file < 256; ++file) {
+            setsockopt(file, SOL_SOCKET, SO_SNDBUF, &bytes, sizeof bytes);
+        }
+    }
+
     testsupport::PrivateRuntime runtime;
     std::unique_ptr<testsupport::PrivateBus> bus = std::make_unique<testsupport::PrivateBus>(runtime);
 };
@@ -184,6 +195,34 @@ TEST_F(StatusItemLostBusTest, ComesWhenABusThatHangsGoesOn)
     ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
     testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
     EXPECT_TRUE(seen.property("ItemIsMenu").toBool());
+}
+
+// Each frame would otherwise be kept, for as long as the bus hangs.
+TEST_F(StatusItemLostBusTest, TellsABusThatHungOfTheLastImageOnly)
+{
+    constexpr int images = 500; // more than such a socket takes
+    const Watcher watcher(bus->connect(), true);
+    makeItem();
+    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
+    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
+    item->button()->setImage(image(10));
+    ASSERT_TRUE(eventually([&] { return seen.newIcons >= 1; }));
+    narrowSockets();
+    bus->process().sendSignal(SIGSTOP);
+    for (int i = 0; i < images; ++i) {
+        item->button()->setImage(image(i % 2));
+    }
+    bus->process().sendSignal(SIGCONT);
+    // Each answer comes after what was sent before it.
+    const auto hasHeardAll = [&seen] {
+        const int before = seen.newIcons;
+        return seen.property("Status").isValid() && seen.newIcons == before;
+    };
+    EXPECT_TRUE(eventually(hasHeardAll));
+    EXPECT_LT(seen.newIcons, images);
+    const int before = seen.newIcons;
+    item->button()->setImage(image(255));
+    EXPECT_TRUE(eventually([&] { return seen.newIcons == before + 1; }));
 }
 
 } // namespace
