@@ -22,6 +22,7 @@ public:
 
     [[nodiscard]] QString display() const { return display_.display(); }
     [[nodiscard]] const testsupport::PrivateRuntime &runtime() const { return runtime_; }
+    [[nodiscard]] const testsupport::PrivateBus &bus() const { return bus_; }
     [[nodiscard]] const QProcessEnvironment &environment() const { return runtime_.environment(); }
     // For the programs that are started from now on.
     void setVariable(const char *name)
