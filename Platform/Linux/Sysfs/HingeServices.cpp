@@ -4,6 +4,8 @@
 #include "Platform/Linux/Sysfs/SysfsFile.h"
 #include "Platform/Linux/Sysfs/SysfsText.h"
 
+#include <algorithm>
+#include <cmath>
 #include <numbers>
 #include <string>
 
@@ -19,6 +21,7 @@ constexpr auto hingeLabel = "hinge";
 constexpr auto degreesDevice = "cros-ec-lid-angle";
 constexpr double degreesPerRadian = 180 / std::numbers::pi;
 constexpr double fullTurn = 360;
+constexpr double tolerance = 0.5; // the kernel's scale of a degree is a bit more than pi / 180
 constexpr int mostChannels = 16;
 
 bool says(const path &file, std::string_view beginning)
@@ -45,9 +48,13 @@ private:
     [[nodiscard]] std::optional<RegistryValue> angle() const
     {
         const auto value = iioValue(device_, channel_, angleKind);
-        const bool isPossible =
-            value && *value * degreesPerUnit_ >= 0 && *value * degreesPerUnit_ <= fullTurn;
-        return isPossible ? std::optional<RegistryValue>(*value * degreesPerUnit_) : std::nullopt;
+        if (!value) {
+            return std::nullopt;
+        }
+        const double degrees = *value * degreesPerUnit_;
+        const double possible = std::clamp(degrees, 0.0, fullTurn);
+        return std::abs(degrees - possible) <= tolerance ? std::optional<RegistryValue>(possible)
+                                                         : std::nullopt;
     }
 
     const path device_;

@@ -1,5 +1,6 @@
 // Hinges in the part of a portable's display: the property "lid-angle" is the angle between its halves in
-// degrees, 0 when closed. What cannot be an angle of a hinge (below 0, above 360) is left out.
+// degrees, 0 when closed, 360 when folded right round. What is beyond these by no more than half a degree, as
+// rounding makes it, counts as them; what cannot be an angle of a hinge is left out.
 #pragma once
 
 #include "Platform/Linux/Sysfs/HardwareService.h"

@@ -53,9 +53,18 @@ TEST_F(HingeServicesTest, ReadsDegreesWhereTheDriverTellsThese)
     EXPECT_EQ(angleOf({{"name", "cros-ec-lid-angle"}, {"in_angl_raw", "500"}}), -1);
 }
 
+TEST_F(HingeServicesTest, ReadsALidThatIsFoldedRightRound)
+{
+    // A degree of this scale is 1e-8 of a degree too much.
+    EXPECT_EQ(hubAngleOf("360"), 360);
+    EXPECT_EQ(hubAngleOf("360.4"), 360);
+    EXPECT_EQ(hubAngleOf("-0.4"), 0);
+    EXPECT_EQ(hubAngleOf("0"), 0);
+}
+
 TEST_F(HingeServicesTest, LeavesOutWhatNoHingeCanHave)
 {
-    for (const auto *const raw : {"361", "-1", "1e9", "nan", "inf", "", "open"}) {
+    for (const auto *const raw : {"361", "360.6", "-0.6", "-1", "1e9", "nan", "inf", "", "open"}) {
         EXPECT_EQ(hubAngleOf(raw), -1) << raw;
     }
     EXPECT_NEAR(hubAngleOf("359"), 359, 1e-3);
