@@ -165,6 +165,21 @@ TEST_F(HidrawDeviceTest, SaysThatItIsGoneInTheMiddleOfAStream)
     EXPECT_TRUE(eventually([this] { return !results_.empty() && results_.back() != registrySuccess; }));
 }
 
+TEST_F(HidrawDeviceTest, SaysOnceThatReadingFails)
+{
+    // The kernel's file of a device that was unplugged fails whenever it is read, and is always ready for
+    // that. So does a folder.
+    const auto device = this->device();
+    machine_.remove("dev");
+    std::filesystem::create_directories(node_);
+    ASSERT_EQ(device->open(), registrySuccess);
+    listenTo(*device);
+    ASSERT_TRUE(eventuallyCame(1));
+    testsupport::letPass(std::chrono::milliseconds(50));
+    EXPECT_THAT(results_, ElementsAre(EISDIR));
+    EXPECT_THAT(sizes_, ElementsAre(0));
+}
+
 TEST_F(HidrawDeviceTest, IsSilentUntilAllIsThere)
 {
     const auto device = this->device();
