@@ -1,5 +1,7 @@
 #include "Tests/Fakes/FakeHardwareRegistry.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 namespace fakes {
@@ -113,7 +115,9 @@ platform::RegistryService FakeHardwareRegistry::firstService(std::string_view cl
 
 void FakeHardwareRegistry::release(platform::RegistryService service)
 {
-    held_.erase(service);
+    if (held_.erase(service) == 0) {
+        ADD_FAILURE() << "Service " << service << " is released, which is not held.";
+    }
 }
 
 std::optional<platform::RegistryValue> FakeHardwareRegistry::property(platform::RegistryService service,
@@ -153,7 +157,9 @@ platform::RegistryResult FakeHardwareRegistry::openUserClient(platform::Registry
 
 void FakeHardwareRegistry::closeUserClient(platform::RegistryConnection connection)
 {
-    connections_.erase(connection);
+    if (connections_.erase(connection) == 0) {
+        ADD_FAILURE() << "Connection " << connection << " is closed, which is not open.";
+    }
 }
 
 platform::RegistryResult FakeHardwareRegistry::callScalarMethod(platform::RegistryConnection connection,

@@ -39,7 +39,8 @@ struct FakeService
     FakeHidHardware hid = {};
 };
 
-// Is the current registry for as long as it lives. One thread at a time.
+// Is the current registry for as long as it lives. Fails the test where something is released or closed that
+// is not held or open, as what is released or closed twice. One thread at a time.
 class FakeHardwareRegistry final : public platform::HardwareRegistry
 {
 public:

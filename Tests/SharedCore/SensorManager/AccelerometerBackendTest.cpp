@@ -122,6 +122,8 @@ TEST_F(AccelerometerBackendTest, DoesNotCountReportsThatFailed)
     send(device, oneG, 7);
     EXPECT_TRUE(device.hid.send(oneG, -1));
     EXPECT_EQ(backend_.readLockedCopy(), Data());
+    send(device, oneG);
+    EXPECT_EQ(backend_.readLockedCopy(), (Data{1, 0, 0}));
     backend_.close();
 }
 

@@ -99,6 +99,15 @@ TEST_F(AmbientLightSensorTest, IsNotOpenWhereTheDriverRefuses)
     EXPECT_TRUE(registry_.calls.empty());
 }
 
+TEST_F(AmbientLightSensorTest, AsksTheFirstControllerOnly)
+{
+    addController(2, 4).openResult = -5;
+    addController(6, 8);
+    AmbientLightSensor sensor;
+    EXPECT_FALSE(sensor.open());
+    EXPECT_EQ(registry_.clientTypes.size(), 1U);
+}
+
 TEST_F(AmbientLightSensorTest, ReadsZeroWhereTheCallFails)
 {
     addController(2, 4).callResult = -5;
@@ -117,6 +126,8 @@ TEST_F(AmbientLightSensorTest, IsClosedOnce)
     sensor.close();
     EXPECT_EQ(registry_.openConnections(), 0U);
     EXPECT_EQ(sensor.readRaw(), 0U);
+    EXPECT_EQ(sensor.readNormalized(), 0.0);
+    EXPECT_TRUE(registry_.calls.empty()); // a closed sensor asks nobody
     sensor.close();
 }
 

@@ -79,6 +79,17 @@ TEST_F(MotionSensorTest, GoesOnWhereADriverRefuses)
     sensor_.close();
 }
 
+TEST_F(MotionSensorTest, TakesTheNextNameAndNotTheNextServiceOfTheSame)
+{
+    addLegacy("IOHIDMotionSensor", bytes({0, 2})).openResult = 7;
+    addLegacy("IOHIDMotionSensor", bytes({0, 3}));
+    addLegacy("SMCMotionSensor");
+    EXPECT_EQ(printedByOpen(), "✅ MotionSensor: Opened SMCMotionSensor\n");
+    EXPECT_EQ(registry_.clientTypes.size(), 2U);
+    EXPECT_EQ(sensor_.read(), (Data{1, 0, 0}));
+    sensor_.close();
+}
+
 TEST_F(MotionSensorTest, TakesTheReportsWhereNoDriverIsAsked)
 {
     auto &spu = addSpu();
@@ -135,6 +146,7 @@ TEST_F(MotionSensorTest, ClosesWhatItOpened)
     sensor_.close();
     EXPECT_EQ(registry_.openConnections(), 0U);
     EXPECT_EQ(sensor_.read(), Data());
+    EXPECT_TRUE(registry_.calls.empty()); // a closed sensor asks nobody
     sensor_.close();
 }
 
