@@ -38,7 +38,7 @@ inline constexpr auto emptyWindowProgram = "stirra-empty-window";
 // Listening to keys and to silence. Takes some 16 s.
 [[nodiscard]] std::vector<Row> listeningRows();
 
-// Decoding of an accelerometer's reports, a stream of them, and a lid's angle without a sensor. Takes some 6
+// Decoding of an accelerometer's reports, a stream of them, and a lid's angle without a sensor. Takes some 12
 // s.
 [[nodiscard]] std::vector<Row> sensorRows();
 

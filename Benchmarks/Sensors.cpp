@@ -1,52 +1,29 @@
 #include "Benchmarks/Sections.h"
+#include "Benchmarks/SensorMachine.h"
 #include "Benchmarks/Statistics.h"
-#include "Platform/Linux/Sysfs/SysfsHardwareRegistry.h"
 #include "SharedCore/SensorManager/AppleSPUHIDAccelerometerBackend.h"
 #include "SharedCore/SensorManager/LidAngleSensor.h"
 #include "Tests/Support/AllocationCount.h"
-#include "Tests/Support/ReportPipe.h"
-#include "Tests/Support/TemporaryFolder.h"
-
-#include <QEventLoop>
-#include <QTimer>
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
-#include <fstream>
-#include <thread>
+#include <iterator>
 
 namespace benchmarks {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Backend = sharedcore::AppleSPUHIDAccelerometerBackend;
 using Clock = std::chrono::steady_clock;
 
 constexpr int decodedReports = 20'000'000;
 constexpr int reportsInMemory = 1024; // more than the processor's first cache holds along with the rest
-constexpr auto reportDistance = 250us;
-constexpr int streamedReports = 20'000; // of 5 s
 constexpr int lidReadings = 2000;
-
-void require(bool isTrue, const char *otherwise)
-{
-    if (!isTrue) {
-        throw NotMeasured(otherwise);
-    }
-}
-
-// CPU time of the calling thread.
-double threadSeconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
 
 std::vector<std::vector<std::byte>> someReports()
 {
@@ -91,64 +68,6 @@ Row handlingRow()
     return limitRow("handling of a report, one in eight kept", time, 20, "ns");
 }
 
-// A machine in a folder, which is current.
-class Machine
-{
-public:
-    [[nodiscard]] const std::filesystem::path &root() const { return folder_.path(); }
-
-    // The device's file.
-    [[nodiscard]] std::filesystem::path addAccelerometer() const
-    {
-        const auto file = root() / "sys/class/hidraw/hidraw0/device/report_descriptor";
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << "\x06" << '\0' << "\xFF\x09\x03\xA1\x01\xC0";
-        return testsupport::makeReportPipe(root() / "dev/hidraw0");
-    }
-
-private:
-    testsupport::TemporaryFolder folder_;
-    platform::SysfsHardwareRegistry registry_{folder_.path()};
-    platform::HardwareRegistryInstallation installation_{registry_};
-};
-
-// Numbered reports at their times; says how many found no room.
-int sendStream(const testsupport::ReportPipe &pipe)
-{
-    const auto start = Clock::now();
-    int lost = 0;
-    for (int number = 1; number <= streamedReports; ++number) {
-        std::this_thread::sleep_until(start + number * reportDistance);
-        lost += pipe.write(testsupport::accelerometerReport(number)) ? 0 : 1;
-    }
-    return lost;
-}
-
-void runLoopFor(std::chrono::milliseconds duration)
-{
-    QEventLoop loop;
-    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-Row streamRow()
-{
-    const Machine machine;
-    const auto node = machine.addAccelerometer();
-    Backend backend;
-    require(backend.open(), "the accelerometer does not open");
-    const testsupport::ReportPipe pipe(node);
-    int lost = 0;
-    std::jthread sender([&] { lost = sendStream(pipe); });
-    const double before = threadSeconds();
-    runLoopFor(std::chrono::duration_cast<std::chrono::milliseconds>(streamedReports * reportDistance));
-    const double used = threadSeconds() - before;
-    sender.join();
-    const auto name = "CPU time of 4,000 reports a second, " + std::to_string(lost) + " of 20,000 lost";
-    const std::chrono::duration<double> duration = streamedReports * reportDistance;
-    return limitRow(name, 100 * used / duration.count(), 1, "%");
-}
-
 // What is printed meanwhile goes nowhere.
 class Silence
 {
@@ -186,17 +105,37 @@ double lidReadingTime()
     return median(times);
 }
 
+// Channels of sensors that tell neither a lid nor the light.
+constexpr std::array<std::array<const char *, 2>, 5> otherSensors{{
+    {"accel_3d", "in_accel_x_raw"},
+    {"gyro_3d", "in_anglvel_x_raw"},
+    {"magn_3d", "in_magn_x_raw"},
+    {"dev_rotation", "in_rot_quaternion_raw"},
+    {"bmp280", "in_pressure_input"},
+}};
+
 Row lidRow()
 {
-    const Machine machine;
-    return limitRow("angle of the lid without a sensor", lidReadingTime(), 50, "us");
+    const SensorMachine machine;
+    for (std::size_t number = 0; number < otherSensors.size(); ++number) {
+        const auto folder = "bus/iio/devices/iio:device" + std::to_string(number) + '/';
+        machine.write(folder + "name", otherSensors[number][0]);
+        machine.write(folder + otherSensors[number][1], "1");
+    }
+    for (int number = 0; number < 3; ++number) {
+        static_cast<void>(machine.addHidraw(number, {}));
+    }
+    return limitRow("angle of the lid, five other sensors there", lidReadingTime(), 50, "us");
 }
 
 } // namespace
 
 std::vector<Row> sensorRows()
 {
-    return {decodingRow(), handlingRow(), streamRow(), lidRow()};
+    std::vector<Row> rows{decodingRow(), handlingRow()};
+    std::ranges::move(sensorStreamRows(), std::back_inserter(rows));
+    rows.push_back(lidRow());
+    return rows;
 }
 
 } // namespace benchmarks
