@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t longestReport = std::size_t{16} * 1024 * 8; // in bits
 constexpr std::size_t largestNumber = 256;                        // in bits, as in the kernel
 constexpr std::size_t mostUsages = 12288;                         // before a field, as in the kernel
-constexpr std::size_t mostUsagesKept = 65536;                     // of all fields
+constexpr std::size_t mostUsagesKept = 65536;                     // of all fields together
 constexpr std::size_t deepestStack = 64;
 
 constexpr std::uint32_t constantFlag = 1U << 0U;
@@ -195,7 +195,7 @@ bool Parser::addField(HidReportType type, std::uint32_t flags)
     usagesKept_ += field.usages.size();
     bits += size;
     descriptor_.fields.push_back(std::move(field));
-    return usagesKept_ <= mostUsagesKept;
+    return true;
 }
 
 bool Parser::beginCollection()
@@ -229,14 +229,14 @@ bool Parser::addUsage(const HidItem &usage)
 bool Parser::addRange(const HidItem &end)
 {
     auto usage = std::exchange(locals_.rangeBegin, std::nullopt).value_or(end);
-    if (usage.value > end.value || end.value - usage.value >= mostUsages - locals_.usages.size()) {
+    if (usage.value > end.value) {
         return false;
     }
-    const auto last = end.value;
-    for (; usage.value < last; ++usage.value) {
+    const auto count = std::min(mostUsages - locals_.usages.size(), std::size_t{end.value} - usage.value + 1);
+    for (std::size_t added = 0; added < count; ++added) {
         locals_.usages.push_back(usage);
+        ++usage.value;
     }
-    locals_.usages.push_back(usage);
     return true;
 }
 
@@ -273,7 +273,8 @@ HidUsage Parser::usageOf(const HidItem &item) const
 std::vector<HidUsage> Parser::usagesOf(const HidField &field) const
 {
     std::vector<HidUsage> usages;
-    const auto count = std::min(locals_.usages.size(), distinctNumbers(field));
+    const auto count =
+        std::min({locals_.usages.size(), distinctNumbers(field), mostUsagesKept - usagesKept_});
     std::transform(locals_.usages.begin(), locals_.usages.begin() + static_cast<std::ptrdiff_t>(count),
                    std::back_inserter(usages), [this](const HidItem &item) { return usageOf(item); });
     return usages;

@@ -49,6 +49,8 @@ struct HidReportDescriptor
 // Nothing where the bytes are no descriptor: an item is cut off, a collection is not begun or not ended,
 // something is popped that was not pushed, a report's number is 0, or a report would be longer than the
 // kernel's longest (16 KiB). Items that a later version of HID may have brought, and long items, are skipped.
+// Usages beyond the first 12288 of a range, and beyond the first 65536 of a device, are left out, as devices
+// exist that name all there could be.
 // Any thread.
 [[nodiscard]] std::optional<HidReportDescriptor> parsedReportDescriptor(std::span<const std::byte> bytes);
 

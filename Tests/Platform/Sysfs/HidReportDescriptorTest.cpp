@@ -152,7 +152,6 @@ TEST(HidReportDescriptor, RefusesWhatIsNone)
         {0x97, 0, 0, 0, 0x10},                // too many numbers
         {0x75, 0x40, 0x96, 0x01, 0x08, 0x80}, // a report of 16 KiB and a number
         {0x29, 0x01, 0x19, 0x02, 0x29, 0x01}, // a range from 2 to 1
-        {0x1A, 0x00, 0x00, 0x2A, 0xFF, 0xFF}, // 65536 usages
     };
     for (const auto &descriptor : wrong) {
         EXPECT_FALSE(parsed(descriptor)) << testing::PrintToString(descriptor);
@@ -168,11 +167,39 @@ TEST(HidReportDescriptor, RefusesWhatIsTooMuch)
     }
     collections.insert(collections.end(), 65, 0xC0);
     EXPECT_FALSE(parsed(collections));
-    Descriptor fields{0x75, 0x01, 0x96, 0xFF, 0x2F};
-    for (int count = 0; count < 10; ++count) {
-        fields.insert(fields.end(), {0x1A, 0x00, 0x00, 0x2A, 0xFE, 0x2F, 0x81, 0x02});
+    Descriptor usages;
+    for (int count = 0; count < 12289; ++count) {
+        usages.insert(usages.end(), {0x09, 0x01});
     }
-    EXPECT_FALSE(parsed(fields));
+    EXPECT_FALSE(parsed(usages));
+}
+
+TEST(HidReportDescriptor, CutsARangeOffThatIsTooLong)
+{
+    // All that there are, and more in vain.
+    const auto field = fieldBehind({0x15, 0x00, 0x27, 0xFF, 0xFF, 0x00, 0x00, 0x1A, 0x01, 0x00, 0x2A, 0xFF,
+                                    0xFF, 0x1A, 0x00, 0x00, 0x2A, 0xFF, 0xFF, 0x96, 0xFF, 0x3F, 0x75, 0x01});
+    ASSERT_THAT(field.usages, SizeIs(12288));
+    EXPECT_EQ(field.usages.front(), (HidUsage{1, 1}));
+    EXPECT_EQ(field.usages.back(), (HidUsage{1, 12288}));
+    EXPECT_EQ(primaryOf({0x06, 0x00, 0xFF, 0x09, 0x03, 0xA1, 0x01, 0x75, 0x10, 0x95, 0x01, 0x19, 0x00, 0x2A,
+                         0xFF, 0xFF, 0x81, 0x00, 0xC0}),
+              (HidUsage{0xFF00, 3}));
+}
+
+TEST(HidReportDescriptor, KeepsTheFirstUsagesOfVeryMany)
+{
+    Descriptor descriptor{0x75, 0x01, 0x96, 0x00, 0x30};
+    for (int count = 0; count < 10; ++count) {
+        descriptor.insert(descriptor.end(), {0x1A, 0x00, 0x00, 0x2A, 0xFF, 0x2F, 0x81, 0x02});
+    }
+    const auto result = parsed(descriptor);
+    ASSERT_TRUE(result);
+    ASSERT_THAT(result->fields, SizeIs(10));
+    EXPECT_THAT(result->fields[4].usages, SizeIs(12288));
+    EXPECT_THAT(result->fields[5].usages, SizeIs(65536 - 5 * 12288));
+    EXPECT_THAT(result->fields[6].usages, SizeIs(0));
+    EXPECT_EQ(result->fields[9].bitOffset, 9U * 12288);
 }
 
 TEST(HidReportDescriptor, RefusesEachBeginningOfAnApplication)
