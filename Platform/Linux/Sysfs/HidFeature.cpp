@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 
 namespace platform {
 
@@ -105,8 +106,8 @@ int applySetting(const HidSetting &setting, HidFeatureFile &file)
 {
     std::vector<std::byte> report(1 + setting.reportSize);
     report.front() = static_cast<std::byte>(setting.reportId);
-    if (const int error = file.get(report); error != 0) {
-        return error;
+    if (const int size = file.get(report); size < static_cast<int>(report.size())) {
+        return size < 0 ? -size : EIO;
     }
     report.front() = static_cast<std::byte>(setting.reportId);
     writeSetting(setting, report);

@@ -31,8 +31,7 @@ struct HidSetting
 // REQUIRES: the report has 1 + setting.reportSize bytes.
 void writeSetting(const HidSetting &setting, std::span<std::byte> report);
 
-// The feature reports of an open device. A report's first byte is its number, or 0. Each gives 0, or the
-// kernel's error number.
+// The feature reports of an open device. A report's first byte is its number, or 0.
 class HidFeatureFile
 {
 public:
@@ -41,13 +40,15 @@ public:
     HidFeatureFile &operator=(const HidFeatureFile &) = delete;
     virtual ~HidFeatureFile() = default;
 
-    // Fills in the rest of the report behind its number.
+    // Fills in the rest of the report behind its number. Gives how many bytes came, with the number; below 0
+    // it is the kernel's error number, as less than nothing.
     [[nodiscard]] virtual int get(std::span<std::byte> report) = 0;
+    // Gives 0, or the kernel's error number.
     [[nodiscard]] virtual int set(std::span<std::byte> report) = 0;
 };
 
 // Sets the device's setting, and leaves the rest of its report as the device has it. Gives 0, or the kernel's
-// error number; nothing is set then.
+// error number, which is EIO where the device tells less than the report; nothing is set then.
 [[nodiscard]] int applySetting(const HidSetting &setting, HidFeatureFile &file);
 
 } // namespace platform

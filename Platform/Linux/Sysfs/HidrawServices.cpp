@@ -45,11 +45,6 @@ std::vector<Hidraw> hidraws(const path &root)
     return found;
 }
 
-int errorOf(int result)
-{
-    return result < 0 ? errno : 0;
-}
-
 // One that cannot be opened fails at each call.
 class KernelFeatureFile final : public HidFeatureFile
 {
@@ -60,12 +55,13 @@ public:
 
     int get(std::span<std::byte> report) override
     {
-        return errorOf(ioctl(file_.get(), HIDIOCGFEATURE(report.size()), report.data()));
+        const int size = ioctl(file_.get(), HIDIOCGFEATURE(report.size()), report.data());
+        return size < 0 ? -errno : size;
     }
 
     int set(std::span<std::byte> report) override
     {
-        return errorOf(ioctl(file_.get(), HIDIOCSFEATURE(report.size()), report.data()));
+        return ioctl(file_.get(), HIDIOCSFEATURE(report.size()), report.data()) < 0 ? errno : 0;
     }
 
 private:
@@ -113,8 +109,11 @@ public:
     RegistryResult setProperty(std::string_view key, std::int32_t value) const override
     {
         const auto setting = hidSetting(hidraw_.descriptor, key, value);
+        if (!setting) { // the device is not opened, which would power it up
+            return registryFailure;
+        }
         KernelFeatureFile file(hidraw_.node);
-        return setting ? applySetting(*setting, file) : registryFailure;
+        return applySetting(*setting, file);
     }
 
 private:

@@ -24,7 +24,7 @@ public:
     {
         askedFor.push_back(bytes.front());
         std::ranges::copy(report, bytes.begin());
-        return getError;
+        return getResult.value_or(static_cast<int>(report.size()));
     }
 
     int set(std::span<std::byte> bytes) override
@@ -36,7 +36,7 @@ public:
 
     std::vector<std::byte> report;
     std::vector<std::byte> askedFor; // reports, by number
-    int getError = 0;
+    std::optional<int> getResult;    // in place of the size
     int sets = 0;
 };
 
@@ -124,9 +124,24 @@ TEST(HidFeature, AsksForTheReportByItsNumber)
 TEST(HidFeature, SetsNothingWhereTheDeviceDoesNotTell)
 {
     FakeFeatureFile file;
-    file.getError = 5;
-    EXPECT_EQ(applySetting(*settingOf(accelerometerDescriptor, "ReportInterval", 1000), file), 5);
+    file.getResult = -ENODEV;
+    EXPECT_EQ(applySetting(*settingOf(accelerometerDescriptor, "ReportInterval", 1000), file), ENODEV);
     EXPECT_EQ(file.sets, 0);
+}
+
+TEST(HidFeature, SetsNothingWhereTheDeviceTellsOnlyAPart)
+{
+    FakeFeatureFile file;
+    file.report = {std::byte(0), std::byte(0x51), std::byte(0x34)};
+    const auto setting = settingOf(accelerometerDescriptor, "SensorPropertyReportingState", 1);
+    for (const int size : {0, 1, 3}) {
+        file.getResult = size;
+        EXPECT_EQ(applySetting(*setting, file), EIO) << size;
+    }
+    EXPECT_EQ(file.sets, 0);
+    file.getResult = 4;
+    EXPECT_EQ(applySetting(*setting, file), 0);
+    EXPECT_EQ(file.sets, 1);
 }
 
 } // namespace platform
