@@ -17,9 +17,12 @@
 
 namespace platform {
 
-// Any thread, but for the devices of createHidDevice(). Nothing is opened or looked for before it is asked
-// for. Services that are found belong to the caller, who releases each once; a number that is not, or no
-// longer, one of a service or connection fails.
+// Any thread, but for the devices of createHidDevice(). Whatever asks a driver waits for its answer:
+// properties, connecting and calls. That takes microseconds with most; one that has to wake its sensor may
+// take some tenths of a second, and one whose sensor hangs up to 5 s. A thread that must not stand still for
+// so long should not be the one that asks. Nothing is opened or looked for before it is asked for. Services
+// that are found belong to the caller, who releases each once; a number that is not, or no longer, one of a
+// service or connection fails.
 class HardwareRegistry
 {
 public:
@@ -39,13 +42,12 @@ public:
                                                                 std::string_view key) = 0;
     virtual RegistryResult setProperty(RegistryService service, std::string_view key, std::int32_t value) = 0;
 
-    // Connects to the service's driver. `connection` is 0 where that fails.
+    // Connects to the service's driver. Fails where that gives no answer; `connection` is 0 then.
     [[nodiscard]] virtual RegistryResult openUserClient(RegistryService service, std::uint32_t type,
                                                         RegistryConnection &connection) = 0;
     virtual void closeUserClient(RegistryConnection connection) = 0;
 
-    // Call the driver's method `selector` and wait for its answer, a few milliseconds at most. Where a call
-    // fails the output is left as it was.
+    // Call the driver's method `selector`. Where a call fails the output is left as it was.
     virtual RegistryResult callScalarMethod(RegistryConnection connection, std::uint32_t selector,
                                             std::span<const std::uint64_t> input,
                                             std::span<std::uint64_t> output) = 0;

@@ -56,7 +56,7 @@ public:
     {
         return registryFailure;
     }
-    // Nothing where it cannot be opened.
+    // Nothing where it cannot be opened, or its driver does not answer.
     [[nodiscard]] virtual std::shared_ptr<UserClient> openUserClient() const { return nullptr; }
     [[nodiscard]] virtual std::unique_ptr<HidDevice> createHidDevice() const { return nullptr; }
 };

@@ -11,9 +11,12 @@ namespace {
 
 using std::filesystem::path;
 
-path attribute(const path &device, std::string_view name, std::string_view suffix)
+// A text, since most attributes that are looked for are not there, and a path costs more than that look.
+std::string attribute(const path &device, std::string_view name, std::string_view suffix)
 {
-    return device / std::string(name).append(suffix);
+    std::string file;
+    file.reserve(device.native().size() + 1 + name.size() + suffix.size());
+    return file.append(device.native()).append(1, '/').append(name).append(suffix);
 }
 
 // Of the channel or of its kind; `missing` where neither has it.
@@ -21,7 +24,7 @@ std::optional<double> sharedNumber(const path &device, std::string_view channel,
                                    std::string_view suffix, double missing)
 {
     for (const auto name : {channel, kind}) {
-        if (const auto file = attribute(device, name, suffix); isThere(file)) {
+        if (const auto file = attribute(device, name, suffix); isThere(file.c_str())) {
             return numberInFile(file);
         }
     }
@@ -43,7 +46,7 @@ std::vector<path> iioDevices(const path &root)
 path iioFile(const path &device, std::string_view channel)
 {
     for (const auto *const suffix : {"_input", "_raw"}) {
-        if (auto file = attribute(device, channel, suffix); isThere(file)) {
+        if (auto file = attribute(device, channel, suffix); isThere(file.c_str())) {
             return file;
         }
     }
@@ -52,7 +55,7 @@ path iioFile(const path &device, std::string_view channel)
 
 std::optional<double> iioValue(const path &device, std::string_view channel, std::string_view kind)
 {
-    if (const auto file = attribute(device, channel, "_input"); isThere(file)) {
+    if (const auto file = attribute(device, channel, "_input"); isThere(file.c_str())) {
         return numberInFile(file);
     }
     const auto raw = numberInFile(attribute(device, channel, "_raw"));

@@ -48,19 +48,16 @@ private:
 class LightService final : public HardwareService
 {
 public:
-    // `file` is one that the reading needs.
-    LightService(path file, Reading reading)
-        : file_(std::move(file))
-        , reading_(std::move(reading))
+    explicit LightService(Reading reading)
+        : reading_(std::move(reading))
     {}
 
     std::shared_ptr<UserClient> openUserClient() const override
     {
-        return isReadable(file_) ? std::make_shared<LightClient>(reading_) : nullptr;
+        return reading_() ? std::make_shared<LightClient>(reading_) : nullptr;
     }
 
 private:
-    const path file_;
     const Reading reading_;
 };
 
@@ -89,9 +86,8 @@ std::optional<Channels> readIio(const path &device, std::string_view channel)
 std::shared_ptr<const HardwareService> iioLight(const path &device)
 {
     for (const auto *const channel : lightChannels) {
-        if (auto file = iioFile(device, channel); !file.empty()) {
-            return std::make_shared<LightService>(std::move(file),
-                                                  [device, channel] { return readIio(device, channel); });
+        if (!iioFile(device, channel).empty()) {
+            return std::make_shared<LightService>([device, channel] { return readIio(device, channel); });
         }
     }
     return nullptr;
@@ -102,10 +98,10 @@ std::shared_ptr<const HardwareService> iioLight(const path &device)
 HardwareServices applesmcLights(const path &root)
 {
     const auto file = root / "sys/devices/platform/applesmc.768/light";
-    if (!isThere(file)) {
+    if (!isThere(file.c_str())) {
         return {};
     }
-    return {std::make_shared<LightService>(file, [file] { return readApplesmc(file); })};
+    return {std::make_shared<LightService>([file] { return readApplesmc(file); })};
 }
 
 HardwareServices iioLights(const path &root)

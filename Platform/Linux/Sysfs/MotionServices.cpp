@@ -74,28 +74,25 @@ private:
 class MotionService final : public HardwareService
 {
 public:
-    // `file` is one that the reading needs.
-    MotionService(path file, Reading reading)
-        : file_(std::move(file))
-        , reading_(std::move(reading))
+    explicit MotionService(Reading reading)
+        : reading_(std::move(reading))
     {}
 
     std::shared_ptr<UserClient> openUserClient() const override
     {
-        return isReadable(file_) ? std::make_shared<MotionClient>(reading_) : nullptr;
+        return reading_() ? std::make_shared<MotionClient>(reading_) : nullptr;
     }
 
 private:
-    const path file_;
     const Reading reading_;
 };
 
 HardwareServices serviceOf(const path &file, Reading reading)
 {
-    if (!isThere(file)) {
+    if (!isThere(file.c_str())) {
         return {};
     }
-    return {std::make_shared<MotionService>(file, std::move(reading))};
+    return {std::make_shared<MotionService>(std::move(reading))};
 }
 
 bool readTuple(const path &file, std::span<double> numbers)
@@ -168,8 +165,7 @@ HardwareServices iioMotion(const path &root)
     HardwareServices services;
     for (const auto &device : iioDevices(root)) {
         if (isAccelerometer(device)) {
-            services.push_back(std::make_shared<MotionService>(iioFile(device, axisChannels[0]),
-                                                               [device] { return readIio(device); }));
+            services.push_back(std::make_shared<MotionService>([device] { return readIio(device); }));
         }
     }
     return services;

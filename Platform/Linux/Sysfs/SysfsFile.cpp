@@ -3,12 +3,12 @@
 #include "Platform/Linux/FileDescriptor.h"
 #include "Platform/Linux/Sysfs/SysfsText.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 
 #include <algorithm>
 #include <charconv>
-#include <system_error>
-#include <utility>
+#include <memory>
 
 namespace platform {
 
@@ -20,6 +20,12 @@ FileDescriptor openedFile(const std::filesystem::path &file)
 {
     return FileDescriptor(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
 }
+
+struct CloseFolder
+{
+    void operator()(DIR *folder) const { closedir(folder); }
+};
+using Folder = std::unique_ptr<DIR, CloseFolder>;
 
 std::optional<unsigned> numberBehind(std::string_view prefix, std::string_view name)
 {
@@ -53,14 +59,9 @@ std::optional<std::string> readAll(int file, std::size_t most)
 
 } // namespace
 
-bool isThere(const std::filesystem::path &file)
+bool isThere(const char *file)
 {
-    return access(file.c_str(), F_OK) == 0;
-}
-
-bool isReadable(const std::filesystem::path &file)
-{
-    return openedFile(file).isOpen();
+    return access(file, F_OK) == 0;
 }
 
 std::optional<std::string> textOfFile(const std::filesystem::path &file, std::size_t most)
@@ -77,19 +78,18 @@ std::optional<double> numberInFile(const std::filesystem::path &file)
 
 std::vector<std::filesystem::path> numberedPaths(const std::filesystem::path &folder, std::string_view prefix)
 {
-    std::vector<std::pair<unsigned, std::filesystem::path>> found;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end;
-         !error && entry != end && found.size() < mostPaths; entry.increment(error)) {
-        if (const auto number = numberBehind(prefix, entry->path().filename().native())) {
-            found.emplace_back(*number, entry->path());
+    std::vector<unsigned> numbers;
+    const Folder open(opendir(folder.c_str()));
+    while (const auto *const entry = open && numbers.size() < mostPaths ? readdir(open.get()) : nullptr) {
+        if (const auto number = numberBehind(prefix, entry->d_name)) {
+            numbers.push_back(*number);
         }
     }
-    std::ranges::sort(found);
+    std::ranges::sort(numbers);
     std::vector<std::filesystem::path> paths;
-    paths.reserve(found.size());
-    for (auto &[number, path] : found) {
-        paths.push_back(std::move(path));
+    paths.reserve(numbers.size());
+    for (const auto number : numbers) {
+        paths.emplace_back(folder.native() + '/' + std::string(prefix) + std::to_string(number));
     }
     return paths;
 }

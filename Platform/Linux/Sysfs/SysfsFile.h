@@ -1,4 +1,6 @@
-// The kernel's attributes as files. Any thread; nothing waits, whatever a path leads to.
+// The kernel's attributes as files. Any thread. A pipe or a device that a path may lead to is not waited for;
+// an attribute is, for as long as its driver takes to answer: mostly microseconds, but a sensor hub may have
+// to wake a sensor first, which takes some tenths of a second, and the kernel gives it up to 5 s.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +15,7 @@ namespace platform {
 // The longest attribute there is: a page.
 inline constexpr std::size_t longestAttribute = 4096;
 
-[[nodiscard]] bool isThere(const std::filesystem::path &file);
-[[nodiscard]] bool isReadable(const std::filesystem::path &file);
+[[nodiscard]] bool isThere(const char *file);
 
 // What the file says, of which at most `most` bytes are read. Nothing where it cannot be read.
 [[nodiscard]] std::optional<std::string> textOfFile(const std::filesystem::path &file,

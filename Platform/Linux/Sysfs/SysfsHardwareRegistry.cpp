@@ -84,8 +84,9 @@ std::unique_ptr<HidDevice> SysfsHardwareRegistry::createHidDevice(RegistryServic
 std::string SysfsHardwareRegistry::modelName()
 {
     for (const auto *const file : modelFiles) {
-        if (const auto text = textOfFile(root_ / file)) {
-            return std::string(trimmedText(*text));
+        const auto text = textOfFile(root_ / file).value_or("");
+        if (const auto name = trimmedText(text); !name.empty()) {
+            return std::string(name);
         }
     }
     return {};

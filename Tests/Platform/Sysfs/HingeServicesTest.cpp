@@ -112,6 +112,8 @@ TEST_F(HingeServicesTest, TellsTheModel)
     EXPECT_EQ(registry_.modelName(), "");
     machine_.write("firmware/devicetree/base/model", std::string("A Board\0", 8));
     EXPECT_EQ(registry_.modelName(), "A Board");
+    machine_.write("class/dmi/id/product_name", " ");
+    EXPECT_EQ(registry_.modelName(), "A Board");
     machine_.write("class/dmi/id/product_name", "MacBookPro11,1");
     EXPECT_EQ(registry_.modelName(), "MacBookPro11,1");
 }

@@ -120,6 +120,14 @@ TEST_F(LightServicesTest, OpensNothingThatMayNotBeRead)
     EXPECT_EQ(connectionTo(className), 0U);
 }
 
+TEST_F(LightServicesTest, ConnectsToNothingThatDoesNotAnswer)
+{
+    machine_.write(std::string(applesmcFile) + "/in the place of the attribute",
+                   ""); // a folder opens, but says nothing
+    EXPECT_EQ(countOf(className), 1U);
+    EXPECT_EQ(connectionTo(className), 0U);
+}
+
 TEST_F(LightServicesTest, HasNoOtherMethod)
 {
     machine_.write(applesmcFile, "(51,51)");

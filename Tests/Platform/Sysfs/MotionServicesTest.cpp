@@ -132,6 +132,14 @@ TEST_F(MotionServicesTest, OpensNothingThatMayNotBeRead)
     EXPECT_EQ(connectionTo(controller), 0U);
 }
 
+TEST_F(MotionServicesTest, ConnectsToNothingThatDoesNotAnswer)
+{
+    machine_.addIio(0, {{"in_accel_x_raw", "1"}, {"in_accel_y_raw", "1"}});
+    machine_.write("bus/iio/devices/iio:device0/in_accel_z_raw/a folder", ""); // opens, but says nothing
+    EXPECT_EQ(countOf(iio), 1U);
+    EXPECT_EQ(connectionTo(iio), 0U);
+}
+
 TEST_F(MotionServicesTest, HasNoOtherMethod)
 {
     machine_.write(applesmcFile, "(256,0,0)");
