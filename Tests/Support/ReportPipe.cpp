@@ -43,11 +43,14 @@ bool ReportPipe::write(std::span<const std::byte> report) const
     return ::write(descriptor_, report.data(), report.size()) == static_cast<ssize_t>(report.size());
 }
 
-std::vector<std::byte> accelerometerReport(std::int32_t x)
+std::vector<std::byte> accelerometerReport(std::int32_t x, std::int32_t y, std::int32_t z)
 {
     std::vector<std::byte> report(22);
-    for (std::size_t index = 0; index < sizeof x; ++index) {
-        report[6 + index] = static_cast<std::byte>(static_cast<std::uint32_t>(x) >> (8 * index));
+    std::size_t place = 6;
+    for (const auto axis : {x, y, z}) {
+        for (std::size_t index = 0; index < sizeof axis; ++index) {
+            report[place++] = static_cast<std::byte>(static_cast<std::uint32_t>(axis) >> (8 * index));
+        }
     }
     return report;
 }

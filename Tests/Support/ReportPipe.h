@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <vector>
@@ -29,7 +30,8 @@ private:
     int descriptor_;
 };
 
-// A report of the accelerometer: 22 bytes, of which x, in 1/65536 g, is at byte 6.
-[[nodiscard]] std::vector<std::byte> accelerometerReport(std::int32_t x);
+// A report of the accelerometer: 22 bytes, of which x, y and z, in 1/65536 g, are at byte 6 and behind it.
+[[nodiscard]] std::vector<std::byte> accelerometerReport(std::int32_t x, std::int32_t y = 0,
+                                                         std::int32_t z = 0);
 
 } // namespace testsupport

@@ -60,6 +60,16 @@ TEST_F(SensorsOnLinuxTest, PreferADriverThatIsAsked)
     EXPECT_EQ(sensor_.read(), Data());
 }
 
+TEST_F(SensorsOnLinuxTest, TakeTheNextWhereOneDoesNotAnswer)
+{
+    for (const auto *const axis : {"x", "y", "z"}) {
+        machine_.write(std::string("bus/iio/devices/iio:device0/in_accel_") + axis + "_raw/a folder", "");
+    }
+    machine_.write("devices/platform/applesmc.768/position", "(256,0,0)");
+    ASSERT_TRUE(sensor_.open());
+    EXPECT_EQ(sensor_.read(), (Data{1, 0, 0}));
+}
+
 TEST_F(SensorsOnLinuxTest, TakeTheNextWhereOneMayNotBeRead)
 {
     const auto forbidden = machine_.addHidraw(0, accelerometerDescriptor);
@@ -129,7 +139,8 @@ TEST_F(SensorsOnLinuxTest, AreReadFromFourThreadsWhileReportsStream)
             int last = 0;
             while (!isOver && last < 1000) {
                 const auto data = sensor_.read();
-                EXPECT_EQ(data.y, 0);
+                EXPECT_EQ(data.x, data.y); // of the same report
+                EXPECT_EQ(data.x, data.z);
                 EXPECT_GE(data.x, last);
                 last = static_cast<int>(data.x);
             }
@@ -140,7 +151,8 @@ TEST_F(SensorsOnLinuxTest, AreReadFromFourThreadsWhileReportsStream)
     EXPECT_TRUE(eventually(
         [&] {
             for (int burst = 0; burst < 32; ++burst) {
-                sent += pipe.write(accelerometerReport(std::min(sent, 1000) * oneG)) ? 1 : 0;
+                const auto axis = std::min(sent, 1000) * oneG;
+                sent += pipe.write(accelerometerReport(axis, axis, axis)) ? 1 : 0;
             }
             return readersThatSawIt == 4;
         },

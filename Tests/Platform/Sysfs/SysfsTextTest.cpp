@@ -1,10 +1,13 @@
 #include "Platform/Linux/Sysfs/SysfsText.h"
 #include "Platform/Linux/Sysfs/SysfsFile.h"
 #include "Tests/Platform/Sysfs/Machine.h"
+#include "Tests/Support/ChildProcess.h"
 
 #include <gmock/gmock.h>
 
 #include <clocale>
+#include <cstdlib>
+#include <fstream>
 
 namespace platform {
 
@@ -27,6 +30,23 @@ std::vector<std::string> names(const std::vector<std::filesystem::path> &paths)
     return result;
 }
 
+constexpr auto localeName = "commas";
+
+// A locale in the folder that has nothing but a decimal comma; what it lacks is warned of, but made.
+bool makeLocaleWithCommas(const std::filesystem::path &folder)
+{
+    const auto source = folder / "source";
+    std::ofstream(source)
+        << "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \"\"\ngrouping -1\nEND LC_NUMERIC\n";
+    testsupport::ChildProcess localedef(QStringLiteral("localedef"),
+                                        {QStringLiteral("--force"), QStringLiteral("--no-archive"),
+                                         QStringLiteral("-i"), QString::fromStdString(source.string()),
+                                         QString::fromStdString((folder / localeName).string())},
+                                        QProcessEnvironment::systemEnvironment());
+    static_cast<void>(localedef.waitForExit(std::chrono::seconds(20)));
+    return std::filesystem::exists(folder / localeName / "LC_NUMERIC");
+}
+
 } // namespace
 
 TEST(SysfsText, ReadsTheKernelsNumbers)
@@ -46,9 +66,14 @@ TEST(SysfsText, ReadsNothingElse)
 
 TEST(SysfsText, ReadsNumbersInAnyLocale)
 {
-    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    const testsupport::TemporaryFolder folder;
+    ASSERT_TRUE(makeLocaleWithCommas(folder.path()));
+    setenv("LOCPATH", folder.path().c_str(), 1);                // NOLINT(concurrency-mt-unsafe)
+    ASSERT_NE(std::setlocale(LC_NUMERIC, localeName), nullptr); // NOLINT(concurrency-mt-unsafe)
+    EXPECT_EQ(std::strtod("0.5", nullptr), 0);
     EXPECT_EQ(numberInText("0.5"), 0.5);
-    std::setlocale(LC_NUMERIC, "C");
+    std::setlocale(LC_NUMERIC, "C"); // NOLINT(concurrency-mt-unsafe)
+    unsetenv("LOCPATH");             // NOLINT(concurrency-mt-unsafe)
 }
 
 TEST(SysfsText, ReadsNumbersInParentheses)
