@@ -19,7 +19,7 @@ ComponentPage {
     SensorSection {
         title: "Ambient light"
         value: `${Math.round(100 * readings.light)} %`
-        missing: readings.hasLight ? "" : "This machine has no light sensor."
+        missing: readings.hasLight ? "" : "This machine has no light sensor that can be read."
         history: readings.lightHistory
         colors: [SystemStyle.yellow]
     }
@@ -29,7 +29,7 @@ ComponentPage {
         value: `${Math.round(readings.lid)}° ${readings.isLidMeasured ? "measured" : "estimated"}`
         history: readings.lidHistory
         colors: [SystemStyle.purple]
-        highest: 180
+        highest: 360
     }
 
     Label {
@@ -44,7 +44,7 @@ ComponentPage {
     SensorSection {
         title: "Acceleration"
         value: `${readings.motion.x.toFixed(2)}  ${readings.motion.y.toFixed(2)}  ${readings.motion.z.toFixed(2)} g`
-        missing: readings.hasMotion ? "" : "This machine has no accelerometer."
+        missing: readings.hasMotion ? "" : "This machine has no accelerometer that can be read."
         history: readings.motionHistory
         colors: [SystemStyle.red, SystemStyle.green, SystemStyle.blue]
         lowest: -2

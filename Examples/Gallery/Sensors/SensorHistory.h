@@ -5,9 +5,11 @@
 #include <QObject>
 #include <QtQmlIntegration>
 
+#include <chrono>
+
 namespace gallery {
 
-// Half a minute of them, at ten a second. Main thread.
+// Half a minute of them, before the newest. Main thread.
 class SensorHistory : public QObject
 {
     Q_OBJECT
@@ -15,9 +17,14 @@ class SensorHistory : public QObject
     QML_UNCREATABLE("The readings have them.")
 
 public:
-    static constexpr qsizetype capacity = 300;
+    using Time = std::chrono::steady_clock::time_point;
+    static constexpr std::chrono::seconds length{30};
 
-    using Sample = QList<double>; // a value for each channel
+    struct Sample
+    {
+        Time time;
+        QList<double> values; // one for each channel
+    };
     using QObject::QObject;
 
     // The newest last.
@@ -25,11 +32,12 @@ public:
     // Of the newest; 0 where there is none.
     [[nodiscard]] double value(qsizetype channel) const
     {
-        return samples_.isEmpty() ? 0 : samples_.last().value(channel);
+        return samples_.isEmpty() ? 0 : samples_.last().values.value(channel);
     }
+    // REQUIRES: it is not older than the newest.
     void append(const Sample &sample)
     {
-        if (samples_.size() == capacity) {
+        while (!samples_.isEmpty() && sample.time - samples_.first().time > length) {
             samples_.removeFirst();
         }
         samples_.append(sample);

@@ -3,12 +3,16 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace gallery {
 
 namespace {
 
+using Seconds = std::chrono::duration<double>;
+
 constexpr double lineWidth = 1.5;
+constexpr std::chrono::seconds longestStep(1);
 
 } // namespace
 
@@ -31,25 +35,34 @@ void SensorPlot::setHistory(SensorHistory *history)
     Q_EMIT changed();
 }
 
-QPolygonF SensorPlot::line(qsizetype channel) const
+QPointF SensorPlot::place(const SensorHistory::Sample &sample, qsizetype channel) const
 {
-    const auto &samples = history_->samples();
-    const double step = width() / static_cast<double>(SensorHistory::capacity - 1);
+    const Seconds age = history_->samples().last().time - sample.time;
     const double span = std::max(1e-9, highest_ - lowest_);
+    const double share = (sample.values.value(channel) - lowest_) / span;
+    const double fromBelow = std::clamp(share, 0.0, 1.0) * (height() - 2 * lineWidth) + lineWidth;
+    return {width() * (1 - age / SensorHistory::length), height() - fromBelow};
+}
+
+void SensorPlot::paintLine(QPainter &painter, qsizetype channel) const
+{
     QPolygonF points;
-    for (qsizetype i = 0; i < samples.size(); ++i) {
-        const double share = (samples.at(i).value(channel) - lowest_) / span;
-        const double fromBelow = std::clamp(share, 0.0, 1.0) * (height() - 2 * lineWidth) + lineWidth;
-        points.append({width() - step * static_cast<double>(samples.size() - 1 - i), height() - fromBelow});
+    SensorHistory::Time last;
+    for (const auto &sample : history_->samples()) {
+        if (!points.isEmpty() && sample.time - last > longestStep) {
+            painter.drawPolyline(std::exchange(points, {}));
+        }
+        points.append(place(sample, channel));
+        last = sample.time;
     }
-    return points;
+    painter.drawPolyline(points);
 }
 
 void SensorPlot::paint(QPainter *painter)
 {
     for (qsizetype channel = 0; history_ && channel < colors_.size(); ++channel) {
         painter->setPen(QPen(colors_.at(channel), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter->drawPolyline(line(channel));
+        paintLine(*painter, channel);
     }
 }
 

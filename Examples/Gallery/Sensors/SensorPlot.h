@@ -11,8 +11,9 @@
 
 namespace gallery {
 
-// One line for each value of a sample, the newest sample at the trailing edge; a full history takes the whole
-// width. Values beyond `lowest` and `highest` stay at the edge. Main thread.
+// One line for each value of a sample, the newest sample at the trailing edge, those before it by their time:
+// 30 s take the whole width. A line is broken where no sample came for more than a second. Values beyond
+// `lowest` and `highest` stay at the edge. Main thread.
 class SensorPlot : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -35,7 +36,8 @@ Q_SIGNALS:
     void changed();
 
 private:
-    [[nodiscard]] QPolygonF line(qsizetype channel) const;
+    [[nodiscard]] QPointF place(const SensorHistory::Sample &sample, qsizetype channel) const;
+    void paintLine(QPainter &painter, qsizetype channel) const;
 
     QPointer<SensorHistory> history_;
     QList<QColor> colors_;

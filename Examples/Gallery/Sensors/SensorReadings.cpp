@@ -2,14 +2,22 @@
 
 #include "Platform/Platform.h"
 
+#include <chrono>
+#include <utility>
+
 namespace gallery {
 
 namespace {
 
 constexpr platform::Seconds interval(0.1);
-constexpr double assumedAngle = 90; // what an estimate without a light sensor is
 
 } // namespace
+
+SensorReadings::SensorReadings(QObject *parent)
+    : QObject(parent)
+{
+    worker_.setMaxThreadCount(1);
+}
 
 SensorReadings::~SensorReadings()
 {
@@ -31,8 +39,7 @@ void SensorReadings::setRunning(bool isRunning)
 
 void SensorReadings::start()
 {
-    hasLight_ = lightSensor_.open();
-    hasMotion_ = motionSensor_.open();
+    sensors_ = std::make_shared<OpenSensors>();
     clock_ = platform::Platform::current().scheduler().repeat(interval, [this] { sample(); });
     sample();
 }
@@ -43,33 +50,38 @@ void SensorReadings::stop()
         clock_->invalidate();
         clock_.reset();
     }
-    lightSensor_.close();
-    motionSensor_.close();
+    sensors_.reset();
 }
 
+// The sensors are let go of on this thread, also where it stops meanwhile.
 void SensorReadings::sample()
 {
-    if (hasLight_) {
-        lights_.append({lightSensor_.readNormalized()});
+    if (std::exchange(isReading_, true)) {
+        return;
     }
-    lids_.append({lidAngle()});
-    if (hasMotion_) {
-        const auto [x, y, z] = motionSensor_.read();
-        motions_.append({x, y, z});
-    }
-    Q_EMIT sampled();
+    worker_.start([this, sensors = sensors_]() mutable {
+        const auto reading = sensors->read();
+        QMetaObject::invokeMethod(this, [this, reading, sensors = std::move(sensors)] {
+            isReading_ = false;
+            if (sensors == sensors_) {
+                take(reading);
+            }
+        });
+    });
 }
 
-// An estimate opens the light sensor, and says on the standard output where there is none: not at each
-// sample.
-double SensorReadings::lidAngle()
+void SensorReadings::take(const SensorReading &reading)
 {
-    const auto measured = sharedcore::LidAngleSensor::readDirect();
-    isLidMeasured_ = measured.has_value();
-    if (measured) {
-        return *measured;
+    const auto now = std::chrono::steady_clock::now();
+    if (reading.hasLight) {
+        lights_.append({now, {reading.light}});
     }
-    return hasLight_ ? lidSensor_.readEstimated() : assumedAngle;
+    lids_.append({now, {reading.lid}});
+    if (reading.hasMotion) {
+        motions_.append({now, {reading.motion.x, reading.motion.y, reading.motion.z}});
+    }
+    last_ = reading;
+    Q_EMIT sampled();
 }
 
 QVector3D SensorReadings::motion() const

@@ -1,13 +1,12 @@
 // What the machine's sensors say, ten times a second.
 #pragma once
 
+#include "Examples/Gallery/Sensors/OpenSensors.h"
 #include "Examples/Gallery/Sensors/SensorHistory.h"
 #include "Platform/Scheduler.h"
-#include "SharedCore/SensorManager/AmbientLightSensor.h"
-#include "SharedCore/SensorManager/LidAngleSensor.h"
-#include "SharedCore/SensorManager/MotionSensor.h"
 
 #include <QObject>
+#include <QThreadPool>
 #include <QVector3D>
 #include <QtQmlIntegration>
 
@@ -15,7 +14,9 @@
 
 namespace gallery {
 
-// The sensors are open only while it is running, and nothing is read otherwise. Main thread.
+// The sensors are open only while it is running, and nothing is read otherwise. They are read on a thread
+// beside the main one, since a sensor that sleeps or hangs keeps its reader waiting; meanwhile there are no
+// further samples. So does whoever destroys this wait for a reading that is under way. Main thread.
 class SensorReadings : public QObject
 {
     Q_OBJECT
@@ -23,10 +24,10 @@ class SensorReadings : public QObject
 
     Q_PROPERTY(bool isRunning READ isRunning WRITE setRunning NOTIFY runningChanged)
 
-    // Whether the machine has a sensor that can be read.
-    Q_PROPERTY(bool hasLight MEMBER hasLight_ NOTIFY runningChanged)
-    Q_PROPERTY(bool hasMotion MEMBER hasMotion_ NOTIFY runningChanged)
-    Q_PROPERTY(bool isLidMeasured MEMBER isLidMeasured_ NOTIFY sampled) // and not estimated
+    // Whether the machine has a sensor that can be read; taken for true until the first sample.
+    Q_PROPERTY(bool hasLight READ hasLight NOTIFY sampled)
+    Q_PROPERTY(bool hasMotion READ hasMotion NOTIFY sampled)
+    Q_PROPERTY(bool isLidMeasured READ isLidMeasured NOTIFY sampled) // and not estimated
 
     Q_PROPERTY(double light READ light NOTIFY sampled)      // from 0 to 1
     Q_PROPERTY(double lid READ lid NOTIFY sampled)          // degrees
@@ -37,12 +38,15 @@ class SensorReadings : public QObject
     Q_PROPERTY(gallery::SensorHistory *motionHistory READ motionHistory CONSTANT)
 
 public:
-    using QObject::QObject;
+    explicit SensorReadings(QObject *parent = nullptr);
     ~SensorReadings() override;
 
     [[nodiscard]] bool isRunning() const { return clock_ != nullptr; }
     void setRunning(bool isRunning);
 
+    [[nodiscard]] bool hasLight() const { return last_.hasLight; }
+    [[nodiscard]] bool hasMotion() const { return last_.hasMotion; }
+    [[nodiscard]] bool isLidMeasured() const { return last_.isLidMeasured; }
     [[nodiscard]] double light() const { return lights_.value(0); }
     [[nodiscard]] double lid() const { return lids_.value(0); }
     [[nodiscard]] QVector3D motion() const;
@@ -58,18 +62,16 @@ private:
     void start();
     void stop();
     void sample();
-    [[nodiscard]] double lidAngle();
+    void take(const SensorReading &reading);
 
-    sharedcore::AmbientLightSensor lightSensor_;
-    sharedcore::LidAngleSensor lidSensor_;
-    sharedcore::MotionSensor motionSensor_;
-    bool hasLight_ = false;
-    bool hasMotion_ = false;
-    bool isLidMeasured_ = false;
+    std::shared_ptr<OpenSensors> sensors_; // while it is running
+    std::shared_ptr<platform::RepeatingTimer> clock_;
+    bool isReading_ = false; // the worker is
+    SensorReading last_;
     SensorHistory lights_;
     SensorHistory lids_;
     SensorHistory motions_;
-    std::shared_ptr<platform::RepeatingTimer> clock_;
+    QThreadPool worker_; // goes first, and waits for its reading
 };
 
 } // namespace gallery
