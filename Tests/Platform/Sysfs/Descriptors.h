@@ -1,4 +1,5 @@
-// Report descriptors of usual devices, written from the HID specification's examples and usage tables.
+// Report descriptors of kinds of devices, made up after the examples of the Device Class Definition for HID
+// and the usage tables; RecordedDescriptors.h has those of devices that exist.
 #pragma once
 
 #include <cstdint>

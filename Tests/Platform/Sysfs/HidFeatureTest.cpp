@@ -1,6 +1,6 @@
 #include "Platform/Linux/Sysfs/HidFeature.h"
 
-#include "Tests/Platform/Sysfs/Descriptors.h"
+#include "Tests/Platform/Sysfs/RecordedDescriptors.h"
 
 #include <gmock/gmock.h>
 
@@ -79,6 +79,20 @@ TEST(HidFeature, BringsTheIntervalIntoMilliseconds)
 {
     EXPECT_THAT(written(accelerometerDescriptor, "ReportInterval", 1000), ElementsAre(0, 0xFF, 1, 0));
     EXPECT_THAT(written(sensorHubDescriptor, "ReportInterval", 300'000), ElementsAre(1, 0xFF, 0x2C, 1, 0, 0));
+}
+
+TEST(HidFeature, FindsTheSettingsOfAHubThatExists)
+{
+    const auto reporting = settingOf(surfaceGravity, "SensorPropertyReportingState", 1);
+    const auto power = settingOf(surfaceGravity, "SensorPropertyPowerState", 1);
+    const auto interval = settingOf(surfaceGravity, "ReportInterval", 20'000);
+    ASSERT_TRUE(reporting && power && interval);
+    EXPECT_EQ(reporting->bitOffset, 8U);
+    EXPECT_EQ(power->bitOffset, 16U);
+    EXPECT_EQ(interval->bitOffset, 32U);
+    EXPECT_EQ(interval->value, 20U);
+    EXPECT_EQ(interval->reportId, 165);
+    EXPECT_EQ(interval->reportSize, 14U);
 }
 
 TEST(HidFeature, StaysInTheRangeOfTheDevice)

@@ -1,6 +1,6 @@
 #include "Platform/Linux/Sysfs/HidReportDescriptor.h"
 
-#include "Tests/Platform/Sysfs/Descriptors.h"
+#include "Tests/Platform/Sysfs/RecordedDescriptors.h"
 
 #include <gmock/gmock.h>
 
@@ -42,6 +42,40 @@ TEST(HidReportDescriptor, KnowsWhatUsualDevicesAreFor)
     EXPECT_EQ(primaryOf(accelerometerDescriptor), (HidUsage{0xFF00, 3}));
     EXPECT_EQ(primaryOf(sensorHubDescriptor), (HidUsage{0x20, 0x73}));
     EXPECT_EQ(parsed({0x75, 0x08, 0x95, 0x01, 0x81, 0x02})->primaryUsage, std::nullopt);
+}
+
+TEST(HidReportDescriptor, KnowsWhatDevicesThatExistAreFor)
+{
+    EXPECT_EQ(primaryOf(pixartMouse), (HidUsage{1, 2}));
+    EXPECT_EQ(primaryOf(hpMouse), (HidUsage{1, 2}));
+    EXPECT_EQ(primaryOf(atkMouse), (HidUsage{1, 2}));
+    EXPECT_EQ(primaryOf(atkReceiver), (HidUsage{0x0C, 1}));
+    EXPECT_EQ(primaryOf(atkKeyboard), (HidUsage{1, 6}));
+    EXPECT_EQ(primaryOf(elanKeyboard), (HidUsage{1, 6}));
+    EXPECT_EQ(primaryOf(surfaceGravity), (HidUsage{0x20, 1}));
+}
+
+TEST(HidReportDescriptor, PlacesTheFieldsOfDevicesThatExist)
+{
+    const auto wheel = parsed(pixartMouse)->fields.back();
+    EXPECT_EQ(wheel.bitOffset, 8U);
+    EXPECT_THAT(wheel.usages, ElementsAre(HidUsage{1, 0x30}, HidUsage{1, 0x31}, HidUsage{1, 0x38}));
+    EXPECT_THAT(parsed(hpMouse)->fields.front().usages, SizeIs(3));
+    const auto tilt = parsed(atkMouse)->fields.back();
+    EXPECT_EQ(tilt.bitOffset, 48U);
+    EXPECT_THAT(tilt.usages, ElementsAre(HidUsage{0x0C, 0x238}));
+    const auto vendor = parsed(atkReceiver)->fields.back();
+    EXPECT_EQ(vendor.type, HidReportType::feature);
+    EXPECT_EQ(vendor.reportId, 6);
+    EXPECT_EQ(vendor.bitSize * vendor.count, 56U);
+    EXPECT_EQ(vendor.collection, (HidUsage{0xFF04, 2}));
+    const auto keys = parsed(elanKeyboard)->fields.back();
+    EXPECT_EQ(keys.bitOffset, 16U);
+    EXPECT_THAT(keys.usages, SizeIs(0x92));
+    const auto gravity = parsed(surfaceGravity)->fields.back();
+    EXPECT_EQ(gravity.reportId, 165);
+    EXPECT_EQ(gravity.bitOffset, 48U);
+    EXPECT_THAT(gravity.usages, ElementsAre(HidUsage{0x20, 0x455}));
 }
 
 TEST(HidReportDescriptor, PlacesTheFieldsOfAMouse)

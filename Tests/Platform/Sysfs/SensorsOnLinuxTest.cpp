@@ -1,7 +1,7 @@
 #include "SharedCore/SensorManager/AppleSPUHIDAccelerometerBackend.h"
 #include "SharedCore/SensorManager/LidAngleSensor.h"
 #include "SharedCore/SensorManager/MotionSensor.h"
-#include "Tests/Platform/Sysfs/Descriptors.h"
+#include "Tests/Platform/Sysfs/RecordedDescriptors.h"
 #include "Tests/Platform/Sysfs/RegistryTest.h"
 #include "Tests/Support/Eventually.h"
 
@@ -40,8 +40,12 @@ TEST_F(SensorsOnLinuxTest, FindTheAccelerometerAmongOtherDevices)
     static_cast<void>(machine_.addHidraw(3, sensorHubDescriptor));
     static_cast<void>(machine_.addHidraw(4, {0x06, 0x00, 0xFF, 0x09, 0x03, 0xA1})); // garbage
     static_cast<void>(machine_.addHidraw(5, {}));
+    int number = 6;
+    for (const auto &descriptor : recordedDescriptors) {
+        static_cast<void>(machine_.addHidraw(number++, descriptor));
+    }
     EXPECT_FALSE(sensor_.open());
-    const auto node = machine_.addHidraw(6, accelerometerDescriptor);
+    const auto node = machine_.addHidraw(number, accelerometerDescriptor);
     ASSERT_TRUE(sensor_.open());
     const ReportPipe pipe(node);
     for (int count = 0; count < 8; ++count) {
