@@ -8,9 +8,10 @@ namespace {
 
 std::atomic<HardwareRegistry *> installedRegistry = nullptr;
 
+// It is never destroyed, so that a sensor may be closed as late as its object goes.
 HardwareRegistry &nativeRegistry()
 {
-    static const auto registry = makeNativeHardwareRegistry();
+    static auto *const registry = makeNativeHardwareRegistry().release();
     return *registry;
 }
 
