@@ -28,6 +28,7 @@ constexpr int lidReadings = 2000;
 std::vector<std::vector<std::byte>> someReports()
 {
     std::vector<std::vector<std::byte>> reports;
+    reports.reserve(reportsInMemory);
     for (int number = 0; number < reportsInMemory; ++number) {
         reports.push_back(testsupport::accelerometerReport(number));
     }
