@@ -1,11 +1,12 @@
 #include "Platform/Linux/X11/HeldControl.h"
 
+#include "Platform/Linux/X11/XKeyboards.h"
 #include "Platform/Linux/X11/Xkb.h"
 
 #include <xcb/xtest.h>
 
-#include <algorithm>
 #include <span>
+#include <vector>
 
 namespace platform {
 
@@ -14,71 +15,45 @@ namespace {
 // The modifier map's rows: Shift, Lock, Control and so on.
 constexpr std::size_t controlRow = 2;
 
-} // namespace
-
-void HeldControl::release()
+bool isControlHeld(XConnection &connection)
 {
-    if (!isHeldAt(coreKeyboard)) {
-        return;
-    }
-    noteHolders();
-    noteHeldKeys();
-    for (const auto key : released_) {
-        post(XCB_KEY_RELEASE, key);
-    }
-}
-
-void HeldControl::restore()
-{
-    const auto holds = [this](XKeyboard keyboard) { return isHeldAt(keyboard); };
-    if (isHeldByXtest_ || std::ranges::any_of(holders_, holds)) {
-        for (const auto key : released_) {
-            post(XCB_KEY_PRESS, key);
-        }
-    }
-    released_.clear();
-}
-
-bool HeldControl::isHeldAt(XKeyboard keyboard)
-{
-    const auto state = xReply(xcb_xkb_get_state_reply, connection_.get(),
-                              xcb_xkb_get_state_unchecked(connection_.get(), keyboard));
+    const auto state = xReply(xcb_xkb_get_state_reply, connection.get(),
+                              xcb_xkb_get_state_unchecked(connection.get(), coreKeyboard));
     return state && (state->baseMods & XCB_MOD_MASK_CONTROL) != 0;
 }
 
-void HeldControl::noteHolders()
+std::vector<xcb_keycode_t> heldControlKeys(XConnection &connection)
 {
-    for (const auto &keyboard : attachedKeyboards(connection_)) {
-        if (isHeldAt(keyboard.number) && keyboard.isXtest) {
-            isHeldByXtest_ = true;
-        } else if (isHeldAt(keyboard.number)) {
-            holders_.insert(keyboard.number);
-        }
-    }
-}
-
-void HeldControl::noteHeldKeys()
-{
-    auto *x = connection_.get();
+    auto *x = connection.get();
     const auto modifiers = xReply(xcb_get_modifier_mapping_reply, x, xcb_get_modifier_mapping_unchecked(x));
     const auto keys = xReply(xcb_query_keymap_reply, x, xcb_query_keymap_unchecked(x));
     if (!modifiers || !keys) {
-        return;
+        return {};
     }
     const std::span codes(
         xcb_get_modifier_mapping_keycodes(modifiers.get()),
         static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(modifiers.get())));
     const std::size_t width = modifiers->keycodes_per_modifier;
+    std::vector<xcb_keycode_t> held;
     for (const auto code : codes.subspan(controlRow * width, width)) {
         if (code != 0 && (keys->keys[code / 8] >> (code % 8) & 1) != 0) { // NOLINT
-            released_.insert(code);
+            held.push_back(code);
         }
     }
+    return held;
 }
 
-void HeldControl::post(std::uint8_t type, xcb_keycode_t key)
+} // namespace
+
+void letGoOfControl(XConnection &connection)
 {
-    xcb_test_fake_input(connection_.get(), type, key, XCB_CURRENT_TIME, connection_.rootWindow(), 0, 0, 0);
+    if (!isControlHeld(connection)) {
+        return;
+    }
+    for (const auto key : heldControlKeys(connection)) {
+        xcb_test_fake_input(connection.get(), XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, connection.rootWindow(),
+                            0, 0, 0);
+    }
 }
 
 } // namespace platform

@@ -103,8 +103,8 @@ LentKeys::LentKeys(XConnection &connection)
 {
     const auto core = readKeymap(connection_, coreKeyboard);
     originals_ = core ? keysWithoutMeaning(*core) : XKeyMeanings();
-    for (const auto &keyboard : attachedKeyboards(connection_)) {
-        const auto keymap = readKeymap(connection_, keyboard.number);
+    for (const auto keyboard : attachedKeyboards(connection_)) {
+        const auto keymap = readKeymap(connection_, keyboard);
         const auto others = keymap ? keysWithoutMeaning(*keymap) : XKeyMeanings();
         std::erase_if(originals_, [&others](const auto &key) {
             const auto other = others.find(key.first);
@@ -191,8 +191,8 @@ void LentKeys::change(const XKeymap &keymap, const XKeyMeanings &meanings)
 
 bool LentKeys::areKeyboardsAlike(const XKeymap &keymap)
 {
-    return std::ranges::all_of(attachedKeyboards(connection_), [&](const AttachedKeyboard &keyboard) {
-        return readKeymap(connection_, keyboard.number) == keymap;
+    return std::ranges::all_of(attachedKeyboards(connection_), [&](XKeyboard keyboard) {
+        return readKeymap(connection_, keyboard) == keymap;
     });
 }
 

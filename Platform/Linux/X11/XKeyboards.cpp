@@ -5,7 +5,6 @@
 #include <xcb/xinput.h>
 
 #include <optional>
-#include <string_view>
 
 namespace platform {
 
@@ -40,13 +39,6 @@ std::optional<XKeyboard> numberOfCoreKeyboard(XConnection &connection)
     return reply ? std::optional<XKeyboard>(reply->deviceID) : std::nullopt;
 }
 
-// The server names it so, for each core keyboard that there is.
-bool isXtest(const xcb_input_xi_device_info_t &device)
-{
-    const auto length = static_cast<std::size_t>(xcb_input_xi_device_info_name_length(&device));
-    return std::string_view(xcb_input_xi_device_info_name(&device), length).ends_with("XTEST keyboard");
-}
-
 } // namespace
 
 bool startKeyboardExtensions(XConnection &connection)
@@ -54,9 +46,9 @@ bool startKeyboardExtensions(XConnection &connection)
     return hasXkb(connection) && hasXInput2(connection);
 }
 
-std::vector<AttachedKeyboard> attachedKeyboards(XConnection &connection)
+std::vector<XKeyboard> attachedKeyboards(XConnection &connection)
 {
-    std::vector<AttachedKeyboard> keyboards;
+    std::vector<XKeyboard> keyboards;
     const auto core = numberOfCoreKeyboard(connection);
     const auto reply = xReply(xcb_input_xi_query_device_reply, connection.get(),
                               xcb_input_xi_query_device_unchecked(connection.get(), XCB_INPUT_DEVICE_ALL));
@@ -66,7 +58,7 @@ std::vector<AttachedKeyboard> attachedKeyboards(XConnection &connection)
     for (auto device = xcb_input_xi_query_device_infos_iterator(reply.get()); device.rem > 0;
          xcb_input_xi_device_info_next(&device)) {
         if (device.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && device.data->attachment == *core) {
-            keyboards.push_back({device.data->deviceid, isXtest(*device.data)});
+            keyboards.push_back(device.data->deviceid);
         }
     }
     return keyboards;

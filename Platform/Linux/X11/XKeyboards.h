@@ -18,13 +18,8 @@ inline constexpr XKeyboard coreKeyboard = 0x100;
 // them. False where the server lacks one.
 [[nodiscard]] bool startKeyboardExtensions(XConnection &connection);
 
-struct AttachedKeyboard
-{
-    XKeyboard number = 0;
-    bool isXtest = false; // the one that XTEST posts through; else a user's own
-};
-
-// The keyboards whose keys end up in the core keyboard. REQUIRES: startKeyboardExtensions().
-[[nodiscard]] std::vector<AttachedKeyboard> attachedKeyboards(XConnection &connection);
+// The keyboards whose keys end up in the core keyboard: the user's, and the one that XTEST posts through.
+// REQUIRES: startKeyboardExtensions().
+[[nodiscard]] std::vector<XKeyboard> attachedKeyboards(XConnection &connection);
 
 } // namespace platform

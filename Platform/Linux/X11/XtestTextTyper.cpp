@@ -1,5 +1,6 @@
 #include "Platform/Linux/X11/XtestTextTyper.h"
 
+#include "Platform/Linux/X11/HeldControl.h"
 #include "Platform/Linux/X11/KeyReaders.h"
 #include "Platform/Linux/X11/Xwayland.h"
 
@@ -38,7 +39,6 @@ QString XtestTextTyper::open()
         return QStringLiteral("The X server is Xwayland: what is typed there reaches X programs alone.");
     }
     keys_.emplace(connection_);
-    control_.emplace(connection_);
     if (keys_->capacity() == 0) {
         return QStringLiteral("The keymap gives every key a meaning, so there is none to type with.");
     }
@@ -51,7 +51,6 @@ XtestTextTyper::~XtestTextTyper()
     if (typedSymbols_ > 0 && isOpen()) {
         awaitKeyReaders(connection_);
         keys_->giveBack();
-        control_->restore();
         connection_.sync();
     }
 }
@@ -66,7 +65,7 @@ bool XtestTextTyper::post(const CharacterEvent &event)
     if (std::exchange(pressed_, {}) != event.units || symbols.empty()) {
         return false;
     }
-    control_->release();
+    letGoOfControl(connection_);
     const bool isTyped = std::ranges::all_of(symbols, [this](KeySymbol symbol) { return type(symbol); });
     connection_.flush();
     return isTyped && isOpen();

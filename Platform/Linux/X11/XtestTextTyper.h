@@ -1,7 +1,6 @@
 // Types text on X11 with the XTEST extension.
 #pragma once
 
-#include "Platform/Linux/X11/HeldControl.h"
 #include "Platform/Linux/X11/KeymapGuard.h"
 #include "Platform/Linux/X11/LentKeys.h"
 #include "Platform/TextTyper.h"
@@ -38,7 +37,6 @@ private:
     std::size_t typedSymbols_ = 0;
     std::u16string pressed_;
     std::optional<LentKeys> keys_;
-    std::optional<HeldControl> control_;
     std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
 };
 

@@ -16,6 +16,7 @@ namespace testsupport {
 namespace {
 
 constexpr int firstScrollAxis = 2;
+constexpr int xCodeOfEvdev = 8;
 constexpr timeval patience{10, 0};
 
 template <class Event> Event eventOf(xf86ITEventType type)
@@ -86,6 +87,15 @@ void InputTestDevice::moveBy(int dx, int dy)
 void InputTestDevice::turnWheelBy(int units)
 {
     moveAxes(firstScrollAxis, 0, units);
+}
+
+void InputTestDevice::postKey(int key, bool isDown)
+{
+    auto event = eventOf<xf86ITEventKey>(XF86IT_EVENT_KEY);
+    event.key_code = key + xCodeOfEvdev;
+    event.is_press = isDown ? 1 : 0;
+    isOpen_ = isOpen_ && sendTo(descriptor_, event);
+    waitForServer();
 }
 
 void InputTestDevice::moveAxes(int firstAxis, int first, int second)

@@ -21,10 +21,14 @@ public:
 
     // A pointer device moves by pixels.
     void moveBy(int dx, int dy);
+    // A keyboard's key, by its evdev code, goes down or comes up.
+    void press(int key) { postKey(key, true); }
+    void release(int key) { postKey(key, false); }
     // A pointer device's vertical wheel turns; 120 units are a notch downwards.
     void turnWheelBy(int units);
 
 private:
+    void postKey(int key, bool isDown);
     void moveAxes(int firstAxis, int first, int second);
     [[nodiscard]] bool connectTo(const QString &socketPath);
     [[nodiscard]] bool greet();

@@ -100,6 +100,7 @@ PrivateXorg::PrivateXorg(PrivateRuntime &runtime)
         runtime.environment().insert(QStringLiteral("DISPLAY"), display_);
         mouse_.emplace(runtime.path(QStringLiteral("mouse")));
         secondMouse_.emplace(runtime.path(QStringLiteral("mouse2")));
+        keyboard_.emplace(runtime.path(QStringLiteral("keyboard")));
     }
 }
 
@@ -118,7 +119,7 @@ void PrivateXorg::start(PrivateRuntime &runtime)
 
 bool PrivateXorg::isOpen() const
 {
-    return mouse_ && mouse_->isOpen() && secondMouse_ && secondMouse_->isOpen();
+    return mouse_ && mouse_->isOpen() && secondMouse_->isOpen() && keyboard_->isOpen();
 }
 
 } // namespace testsupport

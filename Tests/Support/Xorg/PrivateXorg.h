@@ -31,6 +31,7 @@ public:
     // the screen has the axes of no device.
     [[nodiscard]] InputTestDevice &mouse() { return *mouse_; }
     [[nodiscard]] InputTestDevice &secondMouse() { return *secondMouse_; }
+    [[nodiscard]] InputTestDevice &keyboard() { return *keyboard_; }
 
 private:
     void start(PrivateRuntime &runtime);
@@ -39,6 +40,7 @@ private:
     QString display_;
     std::optional<InputTestDevice> mouse_;
     std::optional<InputTestDevice> secondMouse_;
+    std::optional<InputTestDevice> keyboard_;
 };
 
 } // namespace testsupport
