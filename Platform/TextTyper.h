@@ -10,16 +10,14 @@ namespace platform {
 
 // The key of one character, whatever the keyboard has, goes down or comes up. `units` are all the UTF-16
 // units of what a user takes for one character: an emoji or a letter with its marks has several. A newline
-// ("\n",
-// "\r" or both) is the Return key and a tab is the Tab key; other control characters are no keys.
+// ("\n", "\r" or both) is the Return key and a tab is the Tab key; other control characters are no keys.
 struct CharacterEvent
 {
     std::u16string_view units;
     bool isDown = false;
 };
 
-// Types one text. Lives on the thread that opened it, and gives back what it borrowed of the keyboard when it
-// goes, as soon as the programs have read what was typed.
+// Types one text. Lives on the thread that opened it.
 class TextTyper
 {
 public:
@@ -36,6 +34,11 @@ public:
 
     // False once the way to the system is lost; nothing more can be typed.
     [[nodiscard]] virtual bool isOpen() const = 0;
+
+    // Ends the text: waits until the program that has the focus has read what was typed, and gives back what
+    // was borrowed of the keyboard. False: it has not read in time, or the way is lost, and some of the text
+    // may not arrive. Nothing is posted after it. One that goes unfinished does the same.
+    virtual bool finish() = 0;
 };
 
 // The ways to type that the running system has. Any thread.
@@ -50,6 +53,10 @@ public:
     // Prepares for a text, which is then posted in order. Nothing where the system has no way to type now;
     // `why`, one English sentence for trouble-shooting, then says so.
     [[nodiscard]] virtual std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why) = 0;
+
+    // Whether what is typed now goes to a window of this program itself, which reads it in the event loop of
+    // the main thread: somebody who types and waits must not hold that up. Main thread.
+    [[nodiscard]] virtual bool typesIntoOwnWindow() const = 0;
 
     // The services that are installed; where none are, the operating system's.
     [[nodiscard]] static TypingServices &current();

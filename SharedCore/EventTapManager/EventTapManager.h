@@ -50,8 +50,9 @@ public:
     static void openAccessibilitySettings();
     static void openInputMonitoringSettings();
 
-    // Types a text, UTF-8, into whatever program has the focus. Any thread; blocks it for 10 ms a character
-    // (TextTyping.h, whose typeText() tells also what could not be typed).
+    // Types a text, UTF-8, into whatever program has the focus. Any thread; blocks it for 10 ms a character.
+    // On the main thread, with the focus in a window of this program, the event loop goes on meanwhile, so
+    // that the window gets the text (TextTyping.h, whose typeText() tells also whether all of it arrived).
     static void typeText(std::string_view text);
 
     // Stops what was started last of each kind, for good: only another start goes on. What was started before

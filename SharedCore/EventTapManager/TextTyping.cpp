@@ -1,9 +1,13 @@
 #include "SharedCore/EventTapManager/TextTyping.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
 #include <QString>
 #include <QTextBoundaryFinder>
+#include <QThread>
 
 #include <mutex>
+#include <stop_token>
 #include <thread>
 
 namespace sharedcore {
@@ -25,13 +29,14 @@ std::u16string_view unitsOf(const QString &text)
     return {units, static_cast<std::size_t>(text.size())};
 }
 
-bool typeCharacters(platform::TextTyper &typer, const QString &text, const Sleep &sleep)
+bool typeCharacters(platform::TextTyper &typer, const QString &text, const Sleep &sleep,
+                    const std::stop_token &stop)
 {
     const auto units = unitsOf(text);
     QTextBoundaryFinder boundary(QTextBoundaryFinder::Grapheme, text);
     bool isWhole = true;
     for (std::size_t start = 0; start < units.size();) {
-        if (!typer.isOpen()) {
+        if (!typer.isOpen() || stop.stop_requested()) {
             return false;
         }
         const auto end = static_cast<std::size_t>(boundary.toNextBoundary());
@@ -39,7 +44,37 @@ bool typeCharacters(platform::TextTyper &typer, const QString &text, const Sleep
         sleep(pauseAfterCharacter);
         start = end;
     }
+    return typer.finish() && isWhole;
+}
+
+bool typeOnThisThread(const QString &text, platform::TypingServices &services, const Sleep &sleep,
+                      const std::stop_token &stop)
+{
+    const std::scoped_lock lock(typing);
+    QString why;
+    const auto typer = services.open(unitsOf(text), why);
+    return typer && typeCharacters(*typer, text, sleep, stop);
+}
+
+// The end of the application ends it too.
+bool typeBesideTheEventLoop(const QString &text, platform::TypingServices &services, const Sleep &sleep)
+{
+    QEventLoop loop;
+    bool isWhole = false;
+    std::jthread thread([&](const std::stop_token &stop) {
+        isWhole = typeOnThisThread(text, services, sleep, stop);
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec();
+    thread.request_stop();
+    thread.join();
     return isWhole;
+}
+
+bool isMainThread()
+{
+    const auto *application = QCoreApplication::instance();
+    return application && application->thread() == QThread::currentThread();
 }
 
 } // namespace
@@ -52,14 +87,12 @@ bool typeText(std::string_view text)
 
 bool typeText(std::string_view text, platform::TypingServices &services, const Sleep &sleep)
 {
-    const std::scoped_lock lock(typing);
     const auto decoded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     if (decoded.isEmpty()) {
         return true;
     }
-    QString why;
-    const auto typer = services.open(unitsOf(decoded), why);
-    return typer && typeCharacters(*typer, decoded, sleep);
+    return isMainThread() && services.typesIntoOwnWindow() ? typeBesideTheEventLoop(decoded, services, sleep)
+                                                           : typeOnThisThread(decoded, services, sleep, {});
 }
 
 } // namespace sharedcore

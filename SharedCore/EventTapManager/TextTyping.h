@@ -17,8 +17,14 @@ inline constexpr std::chrono::microseconds pauseAfterCharacter(10'000);
 // Blocks the caller that long, and at the end until the programs have read what was typed. Any thread; texts
 // that come from several threads are typed one after the other. What is no UTF-8 is typed as U+FFFD.
 //
+// On the main thread, where a window of this program has the focus, the event loop goes on meanwhile, as in a
+// modal dialog: the window takes in the text before the call returns, and whatever else happens is handled
+// too. A text that is begun in such a handler is typed after the first one.
+//
 // False where something of the text could not be handed over: there is no way to type here, and the call
-// returns at once; or the way was lost; or single characters cannot be typed here, and the others were.
+// returns at once; or the way was lost; or single characters cannot be typed here, and the others were; or
+// the focused program read nothing for 2 s, and gets no more of the text. Of a program on X11 that answers no
+// window manager's ping, such as xterm, it is not known whether it has read.
 bool typeText(std::string_view text);
 
 // The same with other services and another way to sleep.

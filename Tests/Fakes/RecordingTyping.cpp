@@ -22,6 +22,7 @@ public:
     }
 
     bool isOpen() const override { return !record_.isLost; }
+    bool finish() override { return isOpen() && record_.isRead; }
 
 private:
     RecordingTyping &record_;

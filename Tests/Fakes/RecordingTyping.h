@@ -20,9 +20,12 @@ public:
     };
 
     std::unique_ptr<platform::TextTyper> open(std::u16string_view text, QString &why) override;
+    bool typesIntoOwnWindow() const override { return isOwnWindow; }
 
     bool hasWay = true;
     bool isLost = false;
+    bool isRead = true; // when a text is finished
+    bool isOwnWindow = false;
     std::u16string cannotType;          // this character
     std::vector<std::u16string> opened; // the texts
     std::vector<Event> posted;

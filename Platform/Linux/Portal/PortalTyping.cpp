@@ -170,6 +170,7 @@ public:
     }
 
     bool isOpen() const override { return worker_.isRunning(); }
+    bool finish() override { return isOpen(); } // the portal has answered each key
 
 private:
     Worker &worker_;

@@ -4,6 +4,8 @@
 #include "Platform/Linux/Wayland/WlrootsTextTyper.h"
 #include "Platform/Linux/X11/XtestTextTyper.h"
 
+#include <QGuiApplication>
+
 #include <algorithm>
 #include <array>
 
@@ -51,6 +53,11 @@ std::unique_ptr<TextTyper> LinuxTyping::open(std::u16string_view text, QString &
         }
     }
     return nullptr;
+}
+
+bool LinuxTyping::typesIntoOwnWindow() const
+{
+    return QGuiApplication::focusWindow() != nullptr;
 }
 
 std::unique_ptr<TypingServices> makeNativeTyping()

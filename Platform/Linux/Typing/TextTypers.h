@@ -14,6 +14,7 @@ class LinuxTyping final : public TypingServices
 {
 public:
     std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why) override;
+    bool typesIntoOwnWindow() const override;
 
 private:
     PortalTyping portal_;

@@ -64,12 +64,18 @@ QString WlrootsTextTyper::open()
 
 WlrootsTextTyper::~WlrootsTextTyper()
 {
-    if (typedCount_ > 0 && isOpen()) {
-        if (!usersKeymap_.isEmpty()) {
-            static_cast<void>(sendKeymap(keyboard_.get(), usersKeymap_));
-        }
-        static_cast<void>(connection_.roundTrip(WaylandConnection::Clock::now() + patience));
+    static_cast<void>(finish());
+}
+
+bool WlrootsTextTyper::finish()
+{
+    if (std::exchange(typedCount_, 0) == 0 || !isOpen()) {
+        return isOpen();
     }
+    if (!usersKeymap_.isEmpty()) {
+        static_cast<void>(sendKeymap(keyboard_.get(), usersKeymap_));
+    }
+    return connection_.roundTrip(WaylandConnection::Clock::now() + patience) && isOpen();
 }
 
 bool WlrootsTextTyper::post(const CharacterEvent &event)

@@ -26,6 +26,7 @@ public:
 
     bool post(const CharacterEvent &event) override;
     bool isOpen() const override { return connection_.isOpen() && !globals_->isAnythingBoundGone(); }
+    bool finish() override;
 
 private:
     explicit WlrootsTextTyper(std::u16string_view text);

@@ -100,22 +100,23 @@ bool isAnswer(const xcb_generic_event_t &event, const xcb_client_message_event_t
                       message.data.data32); // NOLINT
 }
 
-void awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping)
+bool awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping)
 {
     const auto deadline = Clock::now() + patience;
     pollfd file{xcb_get_file_descriptor(connection.get()), POLLIN, 0};
     while (connection.isOpen() && Clock::now() < deadline) {
         while (const auto event = XReply<xcb_generic_event_t>(xcb_poll_for_event(connection.get()))) {
             if (isAnswer(*event, ping)) {
-                return;
+                return true;
             }
         }
         const auto left = std::chrono::ceil<milliseconds>(deadline - Clock::now());
         poll(&file, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
     }
+    return false;
 }
 
-void ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
+bool ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
 {
     const auto ping = pingOf(window, atoms);
     // The one that the convention names, and the one that Qt uses.
@@ -123,21 +124,22 @@ void ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
     xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&ping)); // NOLINT
     xcb_flush(connection.get());
-    awaitAnswer(connection, ping);
+    const bool isAnswered = awaitAnswer(connection, ping);
     listenAtRoot(connection, XCB_EVENT_MASK_NO_EVENT);
     connection.flush();
+    return isAnswered;
 }
 
 } // namespace
 
-void awaitKeyReaders(XConnection &connection)
+bool awaitKeyReaders(XConnection &connection)
 {
     const Atoms atoms{atomNamed(connection, "WM_PROTOCOLS"), atomNamed(connection, "_NET_WM_PING")};
     if (const auto window = windowToAsk(connection, atoms)) {
-        ask(connection, *window, atoms);
-    } else {
-        std::this_thread::sleep_for(timeOfOthers);
+        return ask(connection, *window, atoms);
     }
+    std::this_thread::sleep_for(timeOfOthers);
+    return true;
 }
 
 } // namespace platform

@@ -48,11 +48,17 @@ QString XtestTextTyper::open()
 
 XtestTextTyper::~XtestTextTyper()
 {
-    if (typedSymbols_ > 0 && isOpen()) {
-        awaitKeyReaders(connection_);
+    static_cast<void>(finish());
+}
+
+bool XtestTextTyper::finish()
+{
+    if (std::exchange(typedSymbols_, 0) > 0 && connection_.isOpen()) {
+        isRead_ = isRead_ && awaitKeyReaders(connection_);
         keys_->giveBack();
         connection_.sync();
     }
+    return isOpen();
 }
 
 bool XtestTextTyper::post(const CharacterEvent &event)
@@ -74,8 +80,9 @@ bool XtestTextTyper::post(const CharacterEvent &event)
 bool XtestTextTyper::type(KeySymbol symbol)
 {
     if (!keys_->keyOf(symbol)) {
-        if (typedSymbols_ > 0) {
-            awaitKeyReaders(connection_);
+        isRead_ = typedSymbols_ == 0 || awaitKeyReaders(connection_);
+        if (!isRead_) {
+            return false;
         }
         keys_->lend(nextSymbols(symbol));
     }

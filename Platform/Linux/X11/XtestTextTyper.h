@@ -10,9 +10,10 @@
 namespace platform {
 
 // Each code point is the key of a symbol; keys without a meaning are lent for as many as there are such keys,
-// and lent anew when others are needed, after programs have read those before. A character of several code
-// points is sent in one piece. The keymap is as it was when the typer has gone, or half a second after the
-// program was ended from outside.
+// and lent anew when others are needed, after programs have read those before. A program that does not read
+// for 2 s gets nothing more, and the typer is no longer open. A character of several code points is sent in
+// one piece. The keymap is as it was when the text is finished, or half a second after the program was ended
+// from outside.
 class XtestTextTyper final : public TextTyper
 {
 public:
@@ -22,7 +23,8 @@ public:
     ~XtestTextTyper() override;
 
     bool post(const CharacterEvent &event) override;
-    bool isOpen() const override { return connection_.isOpen(); }
+    bool isOpen() const override { return isRead_ && connection_.isOpen(); }
+    bool finish() override;
 
 private:
     explicit XtestTextTyper(std::u16string_view text);
@@ -36,6 +38,7 @@ private:
     std::vector<KeySymbol> symbols_; // of the whole text
     std::size_t typedSymbols_ = 0;
     std::u16string pressed_;
+    bool isRead_ = true; // what was typed so far, where it can be known
     std::optional<LentKeys> keys_;
     std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
 };

@@ -4,6 +4,9 @@
 
 #include "Tests/Fakes/RecordingTyping.h"
 
+#include <QCoreApplication>
+#include <QTimer>
+
 #include <gmock/gmock.h>
 
 #include <thread>
@@ -107,6 +110,44 @@ TEST_F(TextTypingTest, WhenTheWayIsLostTheRestIsNotWaitedFor)
     EXPECT_FALSE(isWhole);
     EXPECT_THAT(characters(), ElementsAre(u"a", u"b"));
     EXPECT_THAT(pauses, SizeIs(2));
+}
+
+TEST_F(TextTypingTest, WhatIsNotReadInTheEndIsToldOf)
+{
+    typing.isRead = false;
+    EXPECT_FALSE(type("ab"));
+    EXPECT_THAT(characters(), ElementsAre(u"a", u"b"));
+}
+
+TEST_F(TextTypingTest, TheEventLoopGoesOnWhereThisProgramHasTheFocus)
+{
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
+    typing.isOwnWindow = true;
+    bool isHandled = false;
+    QTimer::singleShot(0, [&isHandled] { isHandled = true; });
+    EXPECT_TRUE(typeText("ab", typing, [](microseconds) {}));
+    EXPECT_TRUE(isHandled);
+    EXPECT_THAT(characters(), ElementsAre(u"a", u"b"));
+    typing.isOwnWindow = false;
+    isHandled = false;
+    QTimer::singleShot(0, [&isHandled] { isHandled = true; });
+    EXPECT_TRUE(typeText("ab", typing, [](microseconds) {}));
+    EXPECT_FALSE(isHandled) << "others read by themselves";
+}
+
+TEST_F(TextTypingTest, TheEndOfTheApplicationEndsATextIntoItsOwnWindow)
+{
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
+    typing.isOwnWindow = true;
+    const std::string text(1'000'000, 'a');
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, &QCoreApplication::quit);
+        EXPECT_FALSE(typeText(text, typing, [](microseconds) { std::this_thread::yield(); }));
+    });
+    QCoreApplication::exec();
+    EXPECT_LT(typing.posted.size(), text.size());
 }
 
 TEST_F(TextTypingTest, WhatIsNoTextIsTypedAsItsReplacement)

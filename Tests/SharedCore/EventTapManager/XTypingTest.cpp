@@ -2,6 +2,8 @@
 
 #include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
 
+#include <csignal>
+
 namespace sharedcore {
 
 using testing::Eq;
@@ -56,6 +58,28 @@ TEST_F(XTypingTest, WhatHasNoKeyIsLeftOutAndToldOf)
               1);
     EXPECT_TRUE(terminalComesToHave("ab"));
     EXPECT_THAT(typedIntoTerminal(), Eq("ab"));
+}
+
+// The field reads what is typed in the loop that makes the call, and more characters than keys can be lent.
+TEST_F(XTypingTest, AProgramTypesIntoItselfFromItsMainThread)
+{
+    auto environment = runtime_.environment();
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    const auto text = QByteArray("abcdefghijklmnopqrstuvwxyz") + manyAlphabets;
+    FocusedProgram program(*x_, QStringLiteral("Own field"), QStringLiteral(OWN_FIELD_PROGRAM),
+                           {QString::fromUtf8(text), QStringLiteral("-\u6f22")}, environment);
+    EXPECT_THAT(program.result(), Eq("1\n1\n" + text + "-\u6f22\n"));
+}
+
+// It may have read nothing of the text by the time that the keys have lost its characters again.
+TEST_F(XTypingTest, AProgramThatDoesNotReadIsToldOf)
+{
+    const auto entry = openGtkEntry();
+    ASSERT_TRUE(entry->hasFocus());
+    entry->process().sendSignal(SIGSTOP);
+    EXPECT_EQ(type("Hello"), 1);
+    EXPECT_EQ(type("abcdefghijklmnopqrstuvwxyz"), 1) << "in the midst of the text";
+    entry->process().sendSignal(SIGCONT);
 }
 
 TEST_F(XTypingTest, WithoutADisplayNothingIsTypedAndTheAnswerSaysSo)
