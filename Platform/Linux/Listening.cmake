@@ -10,6 +10,7 @@ target_sources(PlatformListening PRIVATE
   Linux/Listening/SessionView.h
   Linux/Listening/XkbPointer.h
   Linux/VirtualKeys.cpp Linux/VirtualKeys.h
+  Linux/X11/OwnPresses.h
   Linux/X11/XButtons.cpp Linux/X11/XButtons.h
   Linux/X11/XInputTap.cpp Linux/X11/XInputTap.h
   Linux/X11/XKeyText.cpp Linux/X11/XKeyText.h

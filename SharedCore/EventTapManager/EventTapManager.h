@@ -36,8 +36,8 @@ public:
     // From now on the callback is told of each move of the pointer, with no button held or with the left or
     // the right one. A second start replaces the callback, and delivers each event to it once more.
     bool startMouseTracking(MouseCallback callback);
-    // From now on the callback is told of each key that is pressed, modifiers apart. The same for a second
-    // start.
+    // From now on the callback is told of each key that is pressed, modifiers apart, and of none that this
+    // program types itself by typeText(). The same for a second start.
     bool startKeyTracking(KeyCallback callback);
 
     // Whether the program may listen here. Asks nobody.

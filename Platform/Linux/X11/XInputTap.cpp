@@ -98,6 +98,7 @@ void XInputTap::setEnabled(bool isEnabled)
 {
     if (isEnabled != delivery_.isEnabled()) {
         delivery_.setEnabled(isEnabled);
+        ownPresses_ = {};
         select(isEnabled ? wantedEvents() : 0);
         if (isEnabled && delivery_.wantsAny(allPointerKinds)) {
             buttons_.emplace(connection_);
@@ -219,6 +220,9 @@ void XInputTap::takePointer(std::uint16_t eventType, const xcb_input_raw_button_
 
 bool XInputTap::deliverKey(const xcb_input_raw_key_press_event_t &event)
 {
+    if (ownPresses_.take(static_cast<xcb_keycode_t>(event.detail))) {
+        return true;
+    }
     const auto evdevCode = static_cast<std::uint16_t>(event.detail - xkbCodeOfEvdev);
     auto press = keyboard_->press(static_cast<xcb_keycode_t>(event.detail));
     return delivery_.deliver({.kind = press.isModifier ? ObservedKind::flagsChanged : ObservedKind::keyDown,

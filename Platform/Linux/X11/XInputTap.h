@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Linux/Listening/Delivery.h"
+#include "Platform/Linux/X11/OwnPresses.h"
 #include "Platform/Linux/X11/XButtons.h"
 #include "Platform/Linux/X11/XConnection.h"
 #include "Platform/Linux/X11/XKeyText.h"
@@ -18,7 +19,8 @@ namespace platform {
 // The raw events of all master devices on the root window: no grab of another program hides them, and nobody
 // else gets any less of them. They come with neither a place nor a text. The server is asked for the
 // pointer's place after each move, without waiting for the answer; what a key types is worked out from the
-// server's layout and modifiers. A connection of its own, which a grab of the server does not hold up.
+// server's layout and modifiers. What this process types itself (TextTyper.h) is left out, since it is no
+// input of the user's. A connection of its own, which a grab of the server does not hold up.
 class XInputTap final : public InputTap
 {
 public:
@@ -56,7 +58,8 @@ private:
     XConnection connection_;
     std::uint8_t inputExtension_ = 0;
     std::unique_ptr<XKeyText> keyboard_; // where keys are wanted
-    std::optional<XButtons> buttons_;    // where moves are wanted
+    OwnPresses ownPresses_;
+    std::optional<XButtons> buttons_; // where moves are wanted
     std::deque<Question> questions_;
     std::optional<QSocketNotifier> notifier_;
 };

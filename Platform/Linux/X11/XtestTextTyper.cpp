@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/X11/HeldControl.h"
 #include "Platform/Linux/X11/KeyReaders.h"
+#include "Platform/Linux/X11/OwnPresses.h"
 #include "Platform/Linux/X11/Xwayland.h"
 
 #include <xcb/xtest.h>
@@ -108,6 +109,7 @@ std::vector<KeySymbol> XtestTextTyper::nextSymbols(KeySymbol first) const
 
 void XtestTextTyper::postKey(xcb_keycode_t key)
 {
+    countOwnPress(key);
     for (const auto type : std::array<std::uint8_t, 2>{XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
         xcb_test_fake_input(connection_.get(), type, key, XCB_CURRENT_TIME, connection_.rootWindow(), 0, 0,
                             0);

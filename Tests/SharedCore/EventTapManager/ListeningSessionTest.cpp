@@ -1,6 +1,7 @@
 // The manager of event taps in a session, with its user's real input.
 
 #include "SharedCore/EventTapManager/EventTapManager.h"
+#include "SharedCore/EventTapManager/TextTyping.h"
 
 #include "Tests/Platform/Listening/ListeningTest.h"
 #include "Tests/Platform/Secrets/ProcessMemory.h"
@@ -8,6 +9,7 @@
 #include <QThread>
 
 #include <future>
+#include <thread>
 
 namespace sharedcore {
 
@@ -100,6 +102,28 @@ TEST_F(ListeningSessionTest, CallbacksComeOnTheThreadThatStarted)
     thread.wait();
     ASSERT_TRUE(hasCome);
     EXPECT_THAT(answer.get(), Pair(&thread, "x"));
+}
+
+// A program that types when it sees keys would see its own for ever.
+TEST_F(ListeningSessionTest, WhatTheProgramTypesItselfIsNotToldAndWhatTheUserDoesIs)
+{
+    EventTapManager early;
+    ASSERT_TRUE(early.startKeyTracking(toPresses()));
+    EXPECT_TRUE(typeText("abc"));
+    EventTapManager manager;
+    ASSERT_TRUE(manager.startKeyTracking(toPresses()));
+    EXPECT_TRUE(typeText("ab\u6f22"));
+    type({KEY_A});
+    ASSERT_TRUE(eventually([this] { return presses.size() == 2; }));
+    EXPECT_THAT(presses, ElementsAre(Pair("a", 0), Pair("a", 0)));
+    std::thread thread([] { EXPECT_TRUE(typeText("abba")); });
+    type({KEY_B});
+    ASSERT_TRUE(eventually([this] { return presses.size() == 4; }));
+    thread.join();
+    type({KEY_C});
+    ASSERT_TRUE(eventually([this] { return presses.size() == 6; }));
+    EXPECT_THAT(presses, ElementsAre(Pair("a", 0), Pair("a", 0), Pair("b", 11), Pair("b", 11), Pair("c", 8),
+                                     Pair("c", 8)));
 }
 
 TEST_F(ListeningSessionTest, WhatIsTypedIsNowhereInTheMemory)
