@@ -8,9 +8,14 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <ctime>
+#include <optional>
 #include <span>
+#include <string_view>
+#include <thread>
+#include <utility>
 
 namespace platform {
 
@@ -18,6 +23,10 @@ namespace {
 
 constexpr timespec lookUpTime{0, 500'000'000};
 constexpr char letGo = 'l';
+constexpr std::size_t mostBytes = 1U << 16U; // of all keys there are, each a row of its own
+constexpr std::chrono::seconds patience(5);
+constexpr std::chrono::milliseconds betweenLooks(20);
+constexpr std::string_view nameOfTurn = "_STIRRA_KEYMAP_GUARD";
 constexpr std::size_t answerSize = 32;
 
 // What follows runs in the new process, where only calls that a signal handler could make are allowed.
@@ -35,14 +44,24 @@ void closeAllBut(int one, int other)
     close_range(high + 1, ~0U, 0);
 }
 
-bool isLetGo(int line)
+// Each message is a word, or other requests in place of those before. False: the line has been closed without
+// the word.
+bool isLetGo(int line, std::span<std::uint8_t> buffer, std::size_t &requestsSize)
 {
-    char word = 0;
-    ssize_t size = -1;
-    do {
-        size = read(line, &word, 1);
-    } while (size < 0 && errno == EINTR);
-    return size != 0;
+    std::array<std::uint8_t, mostBytes> message; // NOLINT: filled by read()
+    for (;;) {
+        const auto size = read(line, message.data(), message.size());
+        if (size == 1) {
+            return true;
+        }
+        if (size == 0 || (size < 0 && errno != EINTR)) {
+            return false;
+        }
+        if (size > 0) {
+            requestsSize = static_cast<std::size_t>(size);
+            std::copy_n(message.begin(), requestsSize, buffer.begin());
+        }
+    }
 }
 
 bool awaitServer(int socket, short events)
@@ -76,13 +95,13 @@ void awaitAnswer(int socket)
              (size > 0 && message.front() != isAnswer));
 }
 
-[[noreturn]] void guard(int line, int socket, std::span<const std::uint8_t> requests)
+[[noreturn]] void guard(int line, int socket, std::span<std::uint8_t> buffer, std::size_t size)
 {
     setsid();
     closeAllBut(line, socket);
-    if (!isLetGo(line)) {
+    if (!isLetGo(line, buffer, size)) {
         nanosleep(&lookUpTime, nullptr);
-        if (send(socket, requests)) {
+        if (send(socket, buffer.first(size))) {
             awaitAnswer(socket);
         }
     }
@@ -102,36 +121,89 @@ template <class Function> void withoutSignals(const Function &function)
 
 } // namespace
 
-KeymapGuard::KeymapGuard(const XKeyMeanings &meanings)
+// A selection has one owner, and none once the connection of its owner has ended: here, when both this
+// process and the one beside it are done with it.
+bool KeymapGuard::takesTurn()
 {
     if (!connection_.isOpen() || !startKeyboardExtensions(connection_)) {
-        return;
+        return false;
     }
+    auto *x = connection_.get();
+    const auto atom = xReply(
+        xcb_intern_atom_reply, x,
+        xcb_intern_atom_unchecked(x, 0, static_cast<std::uint16_t>(nameOfTurn.size()), nameOfTurn.data()));
+    const auto window = xcb_generate_id(x);
+    xcb_create_window(x, XCB_COPY_FROM_PARENT, window, connection_.rootWindow(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    bool isTaken = atom && takeSelection(window, atom->atom);
+    while (atom && !isTaken && connection_.isOpen() && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(betweenLooks);
+        isTaken = takeSelection(window, atom->atom);
+    }
+    return isTaken;
+}
+
+bool KeymapGuard::takeSelection(xcb_window_t window, xcb_atom_t turn)
+{
+    auto *x = connection_.get();
+    const auto ownerNow = [x, turn] {
+        const auto reply =
+            xReply(xcb_get_selection_owner_reply, x, xcb_get_selection_owner_unchecked(x, turn));
+        return reply ? std::optional(reply->owner) : std::nullopt;
+    };
+    if (ownerNow() != XCB_WINDOW_NONE) {
+        return false;
+    }
+    xcb_grab_server(x); // so that it is nobody else's by now
+    if (ownerNow() == XCB_WINDOW_NONE) {
+        xcb_set_selection_owner(x, window, turn, XCB_CURRENT_TIME);
+    }
+    xcb_ungrab_server(x);
+    return ownerNow() == window;
+}
+
+std::vector<std::uint8_t> KeymapGuard::requestsFor(const XKeyMeanings &meanings)
+{
     auto requests = keyMeaningRequests(connection_, meanings, XKeyPart::symbols);
     const auto actions = keyMeaningRequests(connection_, meanings, XKeyPart::actions);
     requests.insert(requests.end(), actions.begin(), actions.end());
     constexpr std::array<std::uint8_t, 4> getInputFocus{XCB_GET_INPUT_FOCUS, 0, 1, 0};
     requests.insert(requests.end(), getInputFocus.begin(), getInputFocus.end());
-    start(requests);
+    return requests;
+}
+
+bool KeymapGuard::start(const XKeyMeanings &meanings)
+{
+    auto requests = requestsFor(meanings);
+    return requests.size() <= mostBytes && fork(std::move(requests));
+}
+
+void KeymapGuard::change(const XKeyMeanings &meanings)
+{
+    const auto requests = requestsFor(meanings);
+    static_cast<void>(::send(line_.get(), requests.data(), requests.size(), MSG_NOSIGNAL));
 }
 
 // The process between the two ends at once, so that the guard is nobody's child.
-void KeymapGuard::start(const std::vector<std::uint8_t> &requests)
+bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
 {
     std::array<int, 2> ends{};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        return;
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+        return false;
     }
     const FileDescriptor guardsEnd(ends[0]);
     FileDescriptor ownEnd(ends[1]);
     const int socket = xcb_get_file_descriptor(connection_.get());
+    const auto size = requests.size();
+    requests.resize(mostBytes);
     pid_t child = -1;
     withoutSignals([&] {
-        child = fork();
+        child = ::fork();
         if (child == 0) {
-            const auto grandchild = fork();
+            const auto grandchild = ::fork();
             if (grandchild == 0) {
-                guard(guardsEnd.get(), socket, requests);
+                guard(guardsEnd.get(), socket, requests, size);
             }
             _exit(grandchild > 0 ? 0 : 1);
         }
@@ -140,6 +212,7 @@ void KeymapGuard::start(const std::vector<std::uint8_t> &requests)
     if (child > 0 && waitpid(child, &status, 0) == child && status == 0) {
         line_ = std::move(ownEnd);
     }
+    return line_.isOpen();
 }
 
 KeymapGuard::~KeymapGuard()

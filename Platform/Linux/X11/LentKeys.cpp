@@ -113,6 +113,13 @@ LentKeys::LentKeys(XConnection &connection)
     }
 }
 
+void LentKeys::noticeChanges()
+{
+    if (const auto keymap = readKeymap(connection_, coreKeyboard)) {
+        dropStolenKeys(*keymap);
+    }
+}
+
 void LentKeys::lend(std::span<const KeySymbol> symbols)
 {
     const ServerGrab grab(connection_);
@@ -146,15 +153,19 @@ xcb_keycode_t LentKeys::keyWithoutOneOf(std::span<const KeySymbol> symbols) cons
         ->first;
 }
 
-// Those that have neither the meaning that they had nor the one that they were given here.
+// Those that have neither the meaning that they had nor the one that they were given here. Those that have
+// their own again can be lent again.
 void LentKeys::dropStolenKeys(const XKeymap &keymap)
 {
+    const auto hasMeaning = [&keymap](xcb_keycode_t code, const XKeyMeaning &meaning) {
+        const auto now = keymap.keys.find(code);
+        return now != keymap.keys.end() && now->second == meaning;
+    };
+    std::erase_if(
+        lent_, [&](const auto &key) { return !hasMeaning(key.first, lentMeaning(key.first, key.second)); });
     std::erase_if(originals_, [&](const auto &key) {
-        const auto &now = keymap.keys.at(key.first);
-        const auto lent = lent_.find(key.first);
-        return now != key.second && (lent == lent_.end() || now != lentMeaning(key.first, lent->second));
+        return !lent_.contains(key.first) && !hasMeaning(key.first, key.second);
     });
-    std::erase_if(lent_, [this](const auto &key) { return !originals_.contains(key.first); });
 }
 
 std::optional<xcb_keycode_t> LentKeys::keyOf(KeySymbol symbol) const

@@ -24,6 +24,9 @@ public:
     // What the keys mean when they are not lent.
     [[nodiscard]] const XKeyMeanings &originals() const { return originals_; }
 
+    // Lets go of the keys that another program has given a meaning since.
+    void noticeChanges();
+
     // From now on the keys have these symbols, as far as there are keys; others may lose theirs. REQUIRES:
     // each symbol is there once.
     void lend(std::span<const KeySymbol> symbols);

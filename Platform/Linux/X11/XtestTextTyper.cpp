@@ -39,12 +39,17 @@ QString XtestTextTyper::open()
     if (isXwayland(connection_)) {
         return QStringLiteral("The X server is Xwayland: what is typed there reaches X programs alone.");
     }
+    if (!guard_.emplace().takesTurn()) {
+        return QStringLiteral("Another program types.");
+    }
     keys_.emplace(connection_);
     if (keys_->capacity() == 0) {
         return QStringLiteral("The keymap gives every key a meaning, so there is none to type with.");
     }
-    guard_.emplace(keys_->originals());
-    return guard_->isOpen() ? QString() : QStringLiteral("No process can be started to guard the keymap.");
+    guardedKeys_ = keys_->capacity();
+    return guard_->start(keys_->originals())
+               ? QString()
+               : QStringLiteral("No process can be started to guard the keymap.");
 }
 
 XtestTextTyper::~XtestTextTyper()
@@ -73,9 +78,24 @@ bool XtestTextTyper::post(const CharacterEvent &event)
         return false;
     }
     letGoOfControl(connection_);
+    leaveToOthers();
     const bool isTyped = std::ranges::all_of(symbols, [this](KeySymbol symbol) { return type(symbol); });
     connection_.flush();
     return isTyped && isOpen();
+}
+
+// What another program does to the keymap meanwhile.
+void XtestTextTyper::leaveToOthers()
+{
+    keys_->noticeChanges();
+    tellGuard();
+}
+
+void XtestTextTyper::tellGuard()
+{
+    if (std::exchange(guardedKeys_, keys_->capacity()) != keys_->capacity()) {
+        guard_->change(keys_->originals());
+    }
 }
 
 bool XtestTextTyper::type(KeySymbol symbol)
@@ -86,6 +106,7 @@ bool XtestTextTyper::type(KeySymbol symbol)
             return false;
         }
         keys_->lend(nextSymbols(symbol));
+        tellGuard();
     }
     const auto key = keys_->keyOf(symbol);
     ++typedSymbols_;

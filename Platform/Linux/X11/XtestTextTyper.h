@@ -17,8 +17,8 @@ namespace platform {
 class XtestTextTyper final : public TextTyper
 {
 public:
-    // Nothing where there is no X server, it lacks an extension, it is Xwayland, or its keymap has no key to
-    // spare; `why` then says so.
+    // Nothing where there is no X server, it lacks an extension, it is Xwayland, its keymap has no key to
+    // spare, or another program types for longer than 5 s; `why` then says so.
     [[nodiscard]] static std::unique_ptr<TextTyper> create(std::u16string_view text, QString &why);
     ~XtestTextTyper() override;
 
@@ -30,6 +30,8 @@ private:
     explicit XtestTextTyper(std::u16string_view text);
 
     [[nodiscard]] QString open();
+    void leaveToOthers();
+    void tellGuard();
     [[nodiscard]] bool type(KeySymbol symbol);
     [[nodiscard]] std::vector<KeySymbol> nextSymbols(KeySymbol first) const;
     void postKey(xcb_keycode_t key);
@@ -40,6 +42,7 @@ private:
     std::u16string pressed_;
     bool isRead_ = true; // what was typed so far, where it can be known
     std::optional<LentKeys> keys_;
+    std::size_t guardedKeys_ = 0;
     std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
 };
 

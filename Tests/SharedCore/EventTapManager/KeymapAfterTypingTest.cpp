@@ -7,6 +7,7 @@
 
 namespace sharedcore {
 
+using testing::HasSubstr;
 using testing::Optional;
 using testing::StartsWith;
 using testsupport::ChildProcess;
@@ -85,6 +86,40 @@ TEST_F(KeymapAfterTypingTest, AKeymapThatIsChangedMeanwhileIsLeftToWhoChangedIt)
                            runtime_.environment());
     ASSERT_EQ(freeAgain.waitForExit(), 0);
     EXPECT_EQ(after, keymap());
+}
+
+// The same where the program is killed after that.
+TEST_F(KeymapAfterTypingTest, AKilledProgramLeavesAChangedKeymapToWhoChangedIt)
+{
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    const auto typing = startTyping(QByteArray("abcdef").repeated(500));
+    ASSERT_TRUE(eventually([this] { return !typedIntoTerminal().isEmpty(); }));
+    ChildProcess change(QStringLiteral("xmodmap"),
+                        {QStringLiteral("-e"), QStringLiteral("keycode 230 = F35")}, runtime_.environment());
+    ASSERT_EQ(change.waitForExit(), 0);
+    const auto typed = typedIntoTerminal().size();
+    ASSERT_TRUE(eventually([&] { return typedIntoTerminal().size() >= typed + 3; }));
+    typing->sendSignal(SIGKILL);
+    ASSERT_THAT(typing->waitForExit(), Optional(-SIGKILL));
+    EXPECT_EQ(type("x"), 0) << "comes after the keymap has been put right";
+    ChildProcess table(QStringLiteral("xmodmap"), {QStringLiteral("-pke")}, runtime_.environment());
+    ASSERT_EQ(table.waitForExit(), 0);
+    EXPECT_THAT(table.standardOutput().toStdString(), HasSubstr("keycode 230 = F35"));
+}
+
+TEST_F(KeymapAfterTypingTest, TwoProgramsTypeOneAfterTheOther)
+{
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    const auto first = QByteArray("abcdefgh").repeated(10);
+    const auto typing = startTyping(first);
+    ASSERT_TRUE(eventually([this] { return !typedIntoTerminal().isEmpty(); }));
+    EXPECT_EQ(type("XYZ"), 0);
+    EXPECT_EQ(typing->waitForExit(std::chrono::seconds(60)), 0);
+    EXPECT_TRUE(terminalComesToHave(first + "XYZ"));
+    EXPECT_EQ(typedIntoTerminal(), first + "XYZ");
+    EXPECT_EQ(keymap(), before_);
 }
 
 } // namespace sharedcore
