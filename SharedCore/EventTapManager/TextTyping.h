@@ -23,7 +23,7 @@ inline constexpr std::chrono::microseconds pauseAfterCharacter(10'000);
 //
 // False where something of the text could not be handed over: there is no way to type here, and the call
 // returns at once; or the way was lost; or single characters cannot be typed here, and the others were; or
-// the focused program read nothing for 2 s, and gets no more of the text. Of a program on X11 that answers no
+// the focused program read nothing for 5 s, and gets no more of the text. Of a program on X11 that answers no
 // window manager's ping, such as xterm, it is not known whether it has read.
 bool typeText(std::string_view text);
 

@@ -16,7 +16,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds patience(2000);
+constexpr milliseconds patience(5000);
 constexpr milliseconds timeOfOthers(300);
 constexpr int mostGenerations = 16;
 
@@ -70,10 +70,9 @@ std::optional<xcb_window_t> windowToAsk(XConnection &connection, const Atoms &at
     return std::nullopt;
 }
 
-// Programs send their answers to the root window, whoever asked.
-void listenAtRoot(XConnection &connection, std::uint32_t events)
+void listenAt(XConnection &connection, xcb_window_t window, std::uint32_t events)
 {
-    xcb_change_window_attributes(connection.get(), connection.rootWindow(), XCB_CW_EVENT_MASK, &events);
+    xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &events);
 }
 
 xcb_client_message_event_t pingOf(xcb_window_t window, const Atoms &atoms)
@@ -100,13 +99,24 @@ bool isAnswer(const xcb_generic_event_t &event, const xcb_client_message_event_t
                       message.data.data32); // NOLINT
 }
 
+// A program may end by the last key, before it answers or even before it is asked.
+bool isEnd(const xcb_generic_event_t &event, xcb_window_t window)
+{
+    if (event.response_type == 0) {
+        const auto &error = reinterpret_cast<const xcb_generic_error_t &>(event); // NOLINT
+        return error.error_code == XCB_WINDOW && error.resource_id == window;
+    }
+    const auto &end = reinterpret_cast<const xcb_destroy_notify_event_t &>(event); // NOLINT
+    return event.response_type == XCB_DESTROY_NOTIFY && end.window == window;
+}
+
 bool awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping)
 {
     const auto deadline = Clock::now() + patience;
     pollfd file{xcb_get_file_descriptor(connection.get()), POLLIN, 0};
     while (connection.isOpen() && Clock::now() < deadline) {
         while (const auto event = XReply<xcb_generic_event_t>(xcb_poll_for_event(connection.get()))) {
-            if (isAnswer(*event, ping)) {
+            if (isAnswer(*event, ping) || isEnd(*event, ping.window)) {
                 return true;
             }
         }
@@ -119,13 +129,17 @@ bool awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping
 bool ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
 {
     const auto ping = pingOf(window, atoms);
-    // The one that the convention names, and the one that Qt uses.
-    listenAtRoot(connection, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    // Programs send their answers to the root window, whoever asked: to the listeners that the convention
+    // names, or to those that Qt does.
+    listenAt(connection, connection.rootWindow(),
+             XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    listenAt(connection, window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&ping)); // NOLINT
     xcb_flush(connection.get());
     const bool isAnswered = awaitAnswer(connection, ping);
-    listenAtRoot(connection, XCB_EVENT_MASK_NO_EVENT);
+    listenAt(connection, connection.rootWindow(), XCB_EVENT_MASK_NO_EVENT);
+    listenAt(connection, window, XCB_EVENT_MASK_NO_EVENT);
     connection.flush();
     return isAnswered;
 }

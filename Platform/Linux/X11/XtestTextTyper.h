@@ -11,7 +11,7 @@ namespace platform {
 
 // Each code point is the key of a symbol; keys without a meaning are lent for as many as there are such keys,
 // and lent anew when others are needed, after programs have read those before. A program that does not read
-// for 2 s gets nothing more, and the typer is no longer open. A character of several code points is sent in
+// for 5 s gets nothing more, and the typer is no longer open. A character of several code points is sent in
 // one piece. The keymap is as it was when the text is finished, or half a second after the program was ended
 // from outside.
 class XtestTextTyper final : public TextTyper
