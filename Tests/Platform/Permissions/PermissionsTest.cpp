@@ -2,6 +2,7 @@
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
+#include <QDBusPendingCall>
 #include <QDBusVariant>
 
 #include <future>
@@ -22,7 +23,7 @@ PermissionsTest::PermissionsTest()
               .isTrusted = [] { return false; },
               .askForInput = [] {},
               .queryPatience = std::chrono::seconds(10),
-              .answerPatience = std::chrono::seconds(10)}
+              .answerPatience = std::chrono::minutes(10)}
 {
     qDBusRegisterMetaType<StoredPermissions>();
     tellSwitch(false);
@@ -36,6 +37,15 @@ MicrophoneStatus PermissionsTest::microphoneStatus() const
         [&status] { return status.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
         std::chrono::seconds(30)));
     return status.get();
+}
+
+bool PermissionsTest::settles(const char *name) const
+{
+    const auto ping =
+        QDBusMessage::createMethodCall(QString::fromLatin1(name), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+    const auto call = sources.bus.asyncCall(ping);
+    return eventually([&call] { return call.isFinished(); }, std::chrono::seconds(20));
 }
 
 void PermissionsTest::make(Request request)

@@ -10,7 +10,8 @@
 
 namespace platform {
 
-// Services that are patient with a slow machine; a test of one that is silent makes them impatient.
+// Far more patient than isAnswered(), so that an answer is never the end of the patience; a test of a service
+// that is silent makes them impatient.
 class PermissionsTest : public testing::Test
 {
 protected:
@@ -32,6 +33,9 @@ protected:
     [[nodiscard]] bool isAnswered(bool isGranted);
     // The same for a request that is made now.
     [[nodiscard]] bool answers(Request request, bool isGranted);
+
+    // Waits until what a service has sent so far has been taken in.
+    [[nodiscard]] bool settles(const char *name) const;
 
     // The desktop's privacy switch, as the Settings portal tells it.
     void tellSwitch(const QVariant &disablesMicrophone);
