@@ -3,6 +3,7 @@ pkg_check_modules(XCB_KEYBOARDS REQUIRED IMPORTED_TARGET xcb xcb-xinput xcb-xkb 
 
 target_sources(PlatformTyping PRIVATE
   Linux/Portal/PortalTyping.cpp Linux/Portal/PortalTyping.h
+  Linux/Portal/WorkerLine.h
   Linux/Typing/TextTypers.cpp Linux/Typing/TextTypers.h
   Linux/Typing/TypedSymbols.cpp Linux/Typing/TypedSymbols.h
   Linux/Wayland/TypingKeymap.cpp Linux/Wayland/TypingKeymap.h

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -14,14 +13,20 @@ namespace {
 
 constexpr auto connectionName = "stirra-typing";
 
+QString endOfProgram()
+{
+    return QStringLiteral("The program ends.");
+}
+
 } // namespace
 
-// What happens on the thread; the last three functions may be called from others.
+// What happens on the thread.
 class PortalTyping::Worker : public QObject
 {
 public:
-    explicit Worker(RemoteDesktopToken token)
-        : bus_(
+    Worker(std::shared_ptr<WorkerLine<Worker>> line, RemoteDesktopToken token)
+        : line_(std::move(line))
+        , bus_(
               QDBusConnection::connectToBus(QDBusConnection::SessionBus, QString::fromLatin1(connectionName)))
         , token_(std::move(token))
         , portal_(bus_)
@@ -43,11 +48,11 @@ public:
         if (isRefused_ || session_ || portal_.isAsking()) {
             return;
         }
-        tell(State::waiting, QStringLiteral("The desktop has not let the program type yet."));
+        line_->tell(State::waiting, QStringLiteral("The desktop has not let the program type yet."));
         if (portal_.description()) {
             openSession();
         } else if (const auto absence = portal_.absence()) {
-            tell(State::closed, absence->reason);
+            line_->tell(State::closed, absence->reason);
         } else {
             portal_.ask();
         }
@@ -67,35 +72,8 @@ public:
         return true;
     }
 
-    [[nodiscard]] bool isRunning()
-    {
-        const std::scoped_lock lock(lock_);
-        return state_ == State::running;
-    }
-
-    [[nodiscard]] bool comesToRun(std::chrono::milliseconds patience)
-    {
-        std::unique_lock lock(lock_);
-        changed_.wait_for(lock, patience, [this] { return state_ != State::waiting; });
-        return state_ == State::running;
-    }
-
-    [[nodiscard]] QString obstacle()
-    {
-        const std::scoped_lock lock(lock_);
-        return obstacle_;
-    }
-
 private:
-    enum class State { closed, waiting, running };
-
-    void tell(State state, const QString &obstacle = {})
-    {
-        const std::scoped_lock lock(lock_);
-        state_ = state;
-        obstacle_ = obstacle;
-        changed_.notify_all();
-    }
+    using State = WorkerLine<Worker>::State;
 
     void portalAnswered()
     {
@@ -104,7 +82,7 @@ private:
             return;
         }
         const auto absence = portal_.absence();
-        tell(State::closed, absence ? absence->reason : QStringLiteral("The portal does not answer."));
+        line_->tell(State::closed, absence ? absence->reason : QStringLiteral("The portal does not answer."));
     }
 
     void openSession()
@@ -112,7 +90,7 @@ private:
         session_ = std::make_unique<RemoteDesktopSession>(bus_, *portal_.description(), token_.load());
         connect(session_.get(), &RemoteDesktopSession::started, this, [this](const QString &token) {
             token_.save(token);
-            tell(State::running);
+            line_->tell(State::running);
         });
         connect(session_.get(), &RemoteDesktopSession::ended, this, [this](RemoteDesktopSession::End end) {
             isRefused_ = end == RemoteDesktopSession::End::refused;
@@ -131,26 +109,22 @@ private:
             disconnect(session_.get(), nullptr, this, nullptr);
             session_.release()->deleteLater(); // NOLINT(bugprone-unused-return-value)
         }
-        tell(State::closed, obstacle);
+        line_->tell(State::closed, obstacle);
     }
 
+    std::shared_ptr<WorkerLine<Worker>> line_;
     QDBusConnection bus_;
     RemoteDesktopToken token_;
     RemoteDesktopPortal portal_;
     std::unique_ptr<RemoteDesktopSession> session_;
     bool isRefused_ = false;
-
-    std::mutex lock_; // of what follows
-    std::condition_variable changed_;
-    State state_ = State::closed;
-    QString obstacle_;
 };
 
 class PortalTyping::Typer final : public TextTyper
 {
 public:
-    explicit Typer(Worker &worker)
-        : worker_(worker)
+    explicit Typer(std::shared_ptr<WorkerLine<Worker>> line)
+        : line_(std::move(line))
     {}
 
     bool post(const CharacterEvent &event) override
@@ -159,21 +133,18 @@ public:
             pressed_ = event.units;
             return isOpen();
         }
-        const auto symbols = typedSymbols(event.units);
+        auto symbols = typedSymbols(event.units);
         if (std::exchange(pressed_, {}) != event.units || symbols.empty() || !isOpen()) {
             return false;
         }
-        bool isTyped = false;
-        QMetaObject::invokeMethod(
-            &worker_, [&] { isTyped = worker_.type(symbols); }, Qt::BlockingQueuedConnection);
-        return isTyped;
+        return line_->ask([symbols = std::move(symbols)](Worker &worker) { return worker.type(symbols); });
     }
 
-    bool isOpen() const override { return worker_.isRunning(); }
+    bool isOpen() const override { return line_->isRunning(); }
     bool finish() override { return isOpen(); } // the portal has answered each key
 
 private:
-    Worker &worker_;
+    std::shared_ptr<WorkerLine<Worker>> line_;
     std::u16string pressed_;
 };
 
@@ -198,17 +169,31 @@ std::unique_ptr<TextTyper> PortalTyping::open(QString &why)
         why = QStringLiteral("The portal needs a Qt application.");
         return nullptr;
     }
-    const std::scoped_lock lock(starting_);
-    if (!worker_) {
-        start();
-    }
-    QMetaObject::invokeMethod(
-        worker_, [this] { worker_->ask(); }, Qt::BlockingQueuedConnection);
-    if (!worker_->comesToRun(patience_)) {
-        why = worker_->obstacle();
+    const auto line = startedLine();
+    if (!line) {
+        why = endOfProgram();
         return nullptr;
     }
-    return std::make_unique<Typer>(*worker_);
+    line->ask([](Worker &worker) {
+        worker.ask();
+        return true;
+    });
+    if (!line->comesToRun(patience_)) {
+        why = line->obstacle();
+        return nullptr;
+    }
+    return std::make_unique<Typer>(line);
+}
+
+// None once the application has ended, since nobody would end the thread.
+std::shared_ptr<WorkerLine<PortalTyping::Worker>> PortalTyping::startedLine()
+{
+    const std::scoped_lock lock(starting_);
+    if (!line_ && !isEnding_) {
+        line_ = std::make_shared<WorkerLine<Worker>>();
+        start();
+    }
+    return isEnding_ ? nullptr : line_;
 }
 
 // The connection to the bus is to end before the library that has it.
@@ -221,16 +206,25 @@ void PortalTyping::start()
     auto *maker = new QObject;
     maker->moveToThread(&thread_);
     QMetaObject::invokeMethod(
-        maker, [this] { worker_ = new Worker(token_); }, Qt::BlockingQueuedConnection);
-    QObject::connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
+        maker,
+        [this] {
+            auto *worker = new Worker(line_, token_);
+            QObject::connect(&thread_, &QThread::finished, worker, &QObject::deleteLater);
+            line_->attach(*worker);
+        },
+        Qt::BlockingQueuedConnection);
     maker->deleteLater();
 }
 
 void PortalTyping::stop()
 {
+    const std::scoped_lock lock(starting_);
+    isEnding_ = true;
+    if (line_) {
+        line_->hangUp(endOfProgram());
+    }
     thread_.quit();
     thread_.wait();
-    worker_ = nullptr;
 }
 
 } // namespace platform

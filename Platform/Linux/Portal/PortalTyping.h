@@ -4,11 +4,11 @@
 #include "Platform/Linux/Portal/RemoteDesktopPortal.h"
 #include "Platform/Linux/Portal/RemoteDesktopSession.h"
 #include "Platform/Linux/Portal/RemoteDesktopToken.h"
+#include "Platform/Linux/Portal/WorkerLine.h"
 #include "Platform/TextTyper.h"
 
 #include <QThread>
 
-#include <condition_variable>
 #include <mutex>
 
 namespace platform {
@@ -17,8 +17,8 @@ namespace platform {
 // caller can wait for it on any thread. The desktop asks the user, who may take any time: a text that comes
 // before the answer waits a second at most and is then not typed, and the next one tries again. What the user
 // refused is not asked for again. The portal's keyboard is the user's own: it types what the layout has and
-// leaves out the rest, and keys that the user holds count. Any thread. REQUIRES: a Qt application; no text is
-// being typed when that quits.
+// leaves out the rest, and keys that the user holds count. Any thread. REQUIRES: a Qt application. Its end
+// ends the session, and a text that is being typed then.
 class PortalTyping
 {
 public:
@@ -40,13 +40,15 @@ private:
 
     void start();
     void stop();
+    [[nodiscard]] std::shared_ptr<WorkerLine<Worker>> startedLine();
 
     RemoteDesktopToken token_;
     std::chrono::milliseconds patience_;
     std::mutex starting_;
+    bool isEnding_ = false;
     QThread thread_;
-    Worker *worker_ = nullptr; // lives and ends on the thread
-    QObject connections_;      // end with it
+    std::shared_ptr<WorkerLine<Worker>> line_; // to the worker, which lives and ends on the thread
+    QObject connections_;                      // end with it
 };
 
 } // namespace platform

@@ -6,11 +6,13 @@
 #include "Tests/Support/Eventually.h"
 #include "Tests/Support/FakeRemoteDesktopPortal.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
 #include <future>
+#include <thread>
 
 namespace platform {
 
@@ -150,6 +152,32 @@ TEST_F(PortalTypingTest, ASessionThatTheDesktopClosedIsOpenedAgainForTheNextText
     EXPECT_THAT(arrived(), IsEmpty());
     EXPECT_THAT(open(), NotNull());
     EXPECT_EQ(portal->sessionCount(), 2);
+}
+
+// Some text is always under way: the thread goes on as long as it may.
+TEST_F(PortalTypingTest, TheApplicationMayEndInTheMidstOfAText)
+{
+    portal.emplace(testsupport::sessionBus());
+    const auto typer = open();
+    ASSERT_THAT(typer, NotNull());
+    bool isOpenAfterwards = true;
+    std::unique_ptr<TextTyper> next;
+    std::thread thread([&] {
+        while (typer->post({u"a", true}) && typer->post({u"a", false})) {
+        }
+        isOpenAfterwards = typer->isOpen();
+        next = typing->open(why);
+    });
+    portal->onInput([this](const auto &) {
+        if (portal->inputs().size() == 20) {
+            QCoreApplication::quit();
+        }
+    });
+    QCoreApplication::exec();
+    thread.join();
+    EXPECT_FALSE(isOpenAfterwards);
+    EXPECT_THAT(next, IsNull());
+    EXPECT_FALSE(why.isEmpty());
 }
 
 TEST_F(PortalTypingTest, APortalThatTakesNoKeysIsToldOf)
