@@ -1,6 +1,7 @@
 #include "Platform/InputListener.h"
 #include "Platform/Linux/InputPosters.h"
 #include "Platform/Linux/Listening/LibinputTap.h"
+#include "Platform/Linux/Portal/PortalInputPoster.h"
 #include "Platform/Linux/Uinput/UinputFile.h"
 #include "Platform/Linux/Wayland/WaylandSocket.h"
 #include "Platform/Linux/X11/XInputTap.h"
@@ -53,11 +54,15 @@ const Way &wayOfSession()
     return *std::ranges::find(ways, isWaylandSession(), &Way::isForWayland);
 }
 
-// The portal asks the user. The kernel's device would be seen by others, so its file is tried alone.
+// The portal asks the user, unless it has done so and the session runs. The kernel's device would be seen by
+// others, so its file is tried alone.
 bool postsUnasked(const NamedInputPoster &way)
 {
-    if (!way.isTried || way.name == QLatin1String("portal")) {
+    if (!way.isTried) {
         return false;
+    }
+    if (way.name == QLatin1String("portal")) {
+        return PortalInputPoster::isAnyReady();
     }
     if (way.name == QLatin1String("uinput")) {
         return kernelUinputFile()->open() == 0;

@@ -15,4 +15,4 @@ target_sources(PlatformListening PRIVATE
   Linux/X11/XInputTap.cpp Linux/X11/XInputTap.h
   Linux/X11/XKeyText.cpp Linux/X11/XKeyText.h
 )
-target_link_libraries(PlatformListening PRIVATE Platform PkgConfig::LISTENING PkgConfig::WAYLAND_CLIENT)
+target_link_libraries(PlatformListening PRIVATE Platform Qt6::DBus PkgConfig::LISTENING PkgConfig::WAYLAND_CLIENT)

@@ -1,6 +1,7 @@
 #include "Platform/Linux/Portal/PortalInputPoster.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace platform {
@@ -9,7 +10,18 @@ namespace {
 
 constexpr unsigned mostDoublings = 4; // 15 posts left out between two attempts, some minutes
 
+std::atomic<int> grantCount = 0;
+
 } // namespace
+
+class PortalInputPoster::Grant
+{
+public:
+    Grant() { ++grantCount; }
+    Grant(const Grant &) = delete;
+    Grant &operator=(const Grant &) = delete;
+    ~Grant() { --grantCount; }
+};
 
 FallbackInputPoster::Candidate PortalInputPoster::candidate(PortalSettings settings)
 {
@@ -43,6 +55,13 @@ PortalInputPoster::PortalInputPoster(std::shared_ptr<RemoteDesktopPortal> portal
             sessionEnded(RemoteDesktopSession::End::closed);
         }
     });
+}
+
+PortalInputPoster::~PortalInputPoster() = default;
+
+bool PortalInputPoster::isAnyReady()
+{
+    return grantCount > 0;
 }
 
 void PortalInputPoster::prepare()
@@ -81,8 +100,10 @@ void PortalInputPoster::openSession()
     session_ = std::make_unique<RemoteDesktopSession>(portal_->bus(), *portal_->description(),
                                                       settings_.token.load(), settings_.patience);
     auto *session = session_.get();
-    QObject::connect(session, &RemoteDesktopSession::started, &connections_,
-                     [this](const QString &token) { settings_.token.save(token); });
+    QObject::connect(session, &RemoteDesktopSession::started, &connections_, [this](const QString &token) {
+        settings_.token.save(token);
+        grant_ = std::make_unique<Grant>();
+    });
     QObject::connect(session, &RemoteDesktopSession::confirmed, &connections_, [this] { failures_ = 0; });
     QObject::connect(session, &RemoteDesktopSession::ended, &connections_,
                      [this](RemoteDesktopSession::End end) { sessionEnded(end); });
@@ -113,6 +134,7 @@ void PortalInputPoster::dropSession(Stage stage)
 {
     QObject::disconnect(session_.get(), nullptr, &connections_, nullptr);
     session_.release()->deleteLater(); // NOLINT(bugprone-unused-return-value)
+    grant_.reset();
     stage_ = stage;
     heldKey_ = {};
     scrolledPixels_ = 0;

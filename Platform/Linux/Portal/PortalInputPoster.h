@@ -42,6 +42,10 @@ public:
     // Nothing where it is known that no portal can be used; `why` then says so.
     [[nodiscard]] static std::unique_ptr<InputPoster> create(std::shared_ptr<RemoteDesktopPortal> portal,
                                                              PortalSettings settings, Obstacle &why);
+    ~PortalInputPoster() override;
+
+    // Whether the user has let the program post, by a session of any poster that runs now. Any thread.
+    [[nodiscard]] static bool isAnyReady();
 
     void prepare() override;
     void probe() override { portal_->ask(); }
@@ -53,6 +57,9 @@ public:
     Obstacle obstacle() const override;
 
 private:
+    // Counts a session that runs.
+    class Grant;
+
     enum class Stage { unasked, asked, refused, failed, closed };
 
     PortalInputPoster(std::shared_ptr<RemoteDesktopPortal> portal, PortalSettings settings);
@@ -79,7 +86,8 @@ private:
     unsigned failures_ = 0; // in a row
     unsigned postsToSkip_ = 0;
     std::unique_ptr<RemoteDesktopSession> session_;
-    QObject connections_; // end with it
+    std::unique_ptr<Grant> grant_; // while the session runs
+    QObject connections_;          // end with it
 };
 
 } // namespace platform

@@ -1,8 +1,13 @@
 // Whether a program is trusted in a Wayland session: it is where it may read the devices and post.
 
+#include "Platform/Linux/Permissions/LinuxPermissions.h"
+#include "Platform/Linux/Portal/PortalInputPoster.h"
+#include "Platform/Trust.h"
 #include "Tests/Platform/Listening/ObservedEvents.h"
 #include "Tests/Support/Evdev/MockInputDevices.h"
 #include "Tests/Support/Eventually.h"
+#include "Tests/Support/FakeRemoteDesktopPortal.h"
+#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/Wayland/PrivateSway.h"
 #include "Tests/Support/Wayland/PrivateWeston.h"
 
@@ -20,6 +25,7 @@ using testsupport::MockInputDevices;
 using testsupport::PrivateRuntime;
 using testsupport::PrivateSway;
 using testsupport::PrivateWeston;
+using Answer = testsupport::FakeRemoteDesktopPortal::Answer;
 using Kind = MockInputDevices::Kind;
 
 class WaylandTrustTest : public testing::Test
@@ -59,6 +65,48 @@ TEST_F(WaylandTrustTest, WhereTheDevicesMayBeReadAndTheCompositorTakesInput)
 
     devices.forbid(keyboard);
     EXPECT_FALSE(listener->isTrusted());
+}
+
+// What the request for accessibility is good for on desktops that post through their portal.
+TEST_F(WaylandTrustTest, WhereTheUserHasGrantedASessionOfThePortalForAsLongAsItRuns)
+{
+    const PrivateWeston weston(runtime);
+    const testsupport::PrivateBus bus(runtime);
+    ASSERT_TRUE(weston.isOpen() && bus.isOpen());
+    qputenv("WAYLAND_DISPLAY", weston.display().toUtf8());
+    testsupport::FakeRemoteDesktopPortal portal(bus, {.toQuestion = Answer::later});
+    auto candidate = std::make_shared<RemoteDesktopPortal>(bus.connect());
+    Obstacle why;
+    auto poster = PortalInputPoster::create(
+        candidate, {.token = RemoteDesktopToken(runtime.path(QStringLiteral("token")))}, why);
+    ASSERT_NE(poster, nullptr);
+    LinuxPermissions permissions({.bus = bus.connect(),
+                                  .sandbox = std::nullopt,
+                                  .isTrusted = isTrusted,
+                                  .askForInput = [&poster] { poster->prepare(); },
+                                  .queryPatience = {},
+                                  .answerPatience = {}});
+    const auto keyboard = devices.add(Kind::keyboard);
+    permissions.requestAccessibility();
+    ASSERT_TRUE(eventually([&portal] { return portal.questionCount() == 1; }));
+    EXPECT_FALSE(permissions.isAccessibilityTrusted()) << "the user thinks";
+    portal.answerQuestion(Answer::grant);
+    EXPECT_TRUE(eventually([&] { return permissions.isAccessibilityTrusted(); }));
+    EXPECT_TRUE(listener->isTrusted());
+    EXPECT_NE(listener->makeTap(allKeyKinds, events.handler()), nullptr);
+
+    devices.forbid(keyboard);
+    EXPECT_FALSE(permissions.isAccessibilityTrusted()) << "it may post and not listen";
+    devices.add(Kind::keyboard);
+    EXPECT_TRUE(permissions.isAccessibilityTrusted());
+    portal.closeSession();
+    EXPECT_TRUE(eventually([&] { return !permissions.isAccessibilityTrusted(); }));
+    permissions.requestAccessibility();
+    ASSERT_TRUE(eventually([&portal] { return portal.questionCount() == 2 || portal.isSessionRunning(); }));
+    portal.answerQuestion(Answer::grant);
+    EXPECT_TRUE(eventually([&] { return permissions.isAccessibilityTrusted(); }));
+    poster.reset();
+    EXPECT_FALSE(permissions.isAccessibilityTrusted());
 }
 
 TEST_F(WaylandTrustTest, NotWhereNobodyTakesInput)
