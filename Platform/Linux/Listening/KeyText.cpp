@@ -75,7 +75,28 @@ void KeyText::setKeymap(XkbPointer<xkb_keymap> keymap)
     }
     state_.reset(xkb_state_new(keymap.get()));
     keymap_ = std::move(keymap);
-    apply();
+    if (held_.empty()) {
+        apply();
+    } else {
+        holdAgain();
+    }
+}
+
+// Before anything is locked: a key that locks would undo that when it comes up.
+void KeyText::holdAgain()
+{
+    for (const auto key : held_) {
+        xkb_state_update_key(state_.get(), key, XKB_KEY_DOWN);
+    }
+    const auto mods = [this](xkb_state_component component) {
+        return xkb_state_serialize_mods(state_.get(), component);
+    };
+    const auto layout = [this](xkb_state_component component) {
+        return xkb_state_serialize_layout(state_.get(), component);
+    };
+    xkb_state_update_mask(state_.get(), mods(XKB_STATE_MODS_DEPRESSED), mods(XKB_STATE_MODS_LATCHED),
+                          components_.locked, layout(XKB_STATE_LAYOUT_DEPRESSED),
+                          layout(XKB_STATE_LAYOUT_LATCHED), components_.lockedLayout);
 }
 
 void KeyText::setComponents(const Components &components)
@@ -113,6 +134,10 @@ KeyText::Press KeyText::press(xkb_keycode_t key)
 
 void KeyText::follow(xkb_keycode_t key, bool isDown)
 {
+    std::erase(held_, key);
+    if (isDown) {
+        held_.push_back(key);
+    }
     if (state_) {
         xkb_state_update_key(state_.get(), key, isDown ? XKB_KEY_DOWN : XKB_KEY_UP);
     }

@@ -5,12 +5,13 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace platform {
 
 // A keyboard as the session sees it. Keys are xkb key codes, 8 above the kernel's. Compose sequences are
 // those of the locale in the environment, or the user's own; a locale without any has those of en_US.UTF-8.
-// Keeps no key but the ones of a sequence that is not complete. One thread at a time.
+// Keeps no key but those that are down and the ones of a sequence that is not complete. One thread at a time.
 class KeyText
 {
 public:
@@ -35,7 +36,8 @@ public:
 
     [[nodiscard]] xkb_context *context() const { return context_.get(); }
 
-    // Another layout; what is locked stays so. An empty one changes nothing.
+    // Another layout; what is locked stays so, and keys that are down are down in it. An empty one changes
+    // nothing.
     void setKeymap(XkbPointer<xkb_keymap> keymap);
     // Where somebody else follows the keys.
     void setComponents(const Components &components);
@@ -49,6 +51,7 @@ public:
 
 private:
     void apply();
+    void holdAgain();
     [[nodiscard]] std::u16string composed(xkb_keycode_t key, xkb_keysym_t symbol);
     [[nodiscard]] std::u16string plain(xkb_keycode_t key) const;
 
@@ -57,6 +60,7 @@ private:
     XkbPointer<xkb_keymap> keymap_;
     XkbPointer<xkb_state> state_;
     Components components_;
+    std::vector<xkb_keycode_t> held_; // as followed, in the order in which they went down
 };
 
 } // namespace platform

@@ -72,6 +72,7 @@ void LibinputTap::setEnabled(bool isEnabled)
     delivery_.setEnabled(isEnabled);
     devices_.setOpen(isEnabled);
     held_ = {};
+    otherButtons_.clear();
 }
 
 void LibinputTap::takeIn()
@@ -132,7 +133,8 @@ std::optional<ObservedEvent> LibinputTap::takeKey(libinput_event_keyboard *event
 void LibinputTap::takeButton(libinput_event_pointer *event)
 {
     const bool isHeld = libinput_event_pointer_get_seat_button_count(event) > 0;
-    switch (libinput_event_pointer_get_button(event)) {
+    const auto button = libinput_event_pointer_get_button(event);
+    switch (button) {
     case BTN_LEFT:
         held_.left = isHeld;
         break;
@@ -140,7 +142,11 @@ void LibinputTap::takeButton(libinput_event_pointer *event)
         held_.right = isHeld;
         break;
     default:
-        held_.others = isHeld;
+        otherButtons_.erase(button);
+        if (isHeld) {
+            otherButtons_.insert(button);
+        }
+        held_.others = !otherButtons_.empty();
     }
 }
 

@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 
 #include <optional>
+#include <set>
 
 namespace platform {
 
@@ -48,6 +49,7 @@ private:
     KeyText text_;
     PointerLocation location_;
     HeldButtons held_;
+    std::set<std::uint32_t> otherButtons_; // that are held
     SeatDevices devices_;
     std::optional<QSocketNotifier> notifier_;
 };

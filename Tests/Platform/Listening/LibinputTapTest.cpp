@@ -1,103 +1,18 @@
-// What is seen of the kernel's devices, which are made up, with recorded events.
+// What is seen of the kernel's keyboards, which are made up, with recorded events.
 
-#include "Platform/Linux/Listening/LibinputTap.h"
+#include "Tests/Platform/Listening/LibinputTapTest.h"
 
-#include "Tests/Platform/Listening/ObservedEvents.h"
-#include "Tests/Support/Evdev/MockInputDevices.h"
-#include "Tests/Support/Eventually.h"
+#include <QThread>
 
-#include <linux/input-event-codes.h>
-
-#include <gmock/gmock.h>
-
-#include <cmath>
+#include <atomic>
 
 namespace platform {
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 using testsupport::eventually;
-using testsupport::MockInputDevices;
-using Kind = MockInputDevices::Kind;
-
-constexpr std::uint16_t syn = EV_SYN;
-
-// A session in the test's hands.
-class FakeSession final : public SessionView
-{
-public:
-    [[nodiscard]] QByteArray changedKeymap() override { return std::exchange(keymap, {}); }
-    [[nodiscard]] QRectF desktop() override { return area; }
-
-    QByteArray keymap;
-    QRectF area{0, 0, 1000, 800};
-};
-
-QByteArray keymapOf(const char *layout, const char *options = "")
-{
-    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    const xkb_rule_names names{"evdev", "pc105", layout, "", options};
-    const XkbPointer<xkb_keymap> keymap(
-        xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    const std::unique_ptr<char, decltype(&std::free)> text(
-        xkb_keymap_get_as_string(keymap.get(), XKB_KEYMAP_FORMAT_TEXT_V1), std::free);
-    return {text.get()};
-}
-
-class LibinputTapTest : public testing::Test
-{
-protected:
-    LibinputTapTest() { qputenv("LC_ALL", "C.UTF-8"); }
-
-    std::unique_ptr<InputTap> enabledTap(EventMask mask, const char *layout = "us", const char *options = "")
-    {
-        auto ownSession = std::make_unique<FakeSession>();
-        session = ownSession.get();
-        session->keymap = keymapOf(layout, options);
-        auto tap = LibinputTap::create(mask, events.handler(), std::move(ownSession));
-        if (tap) {
-            tap->setEnabled(true);
-        }
-        return tap;
-    }
-
-    // Presses and releases keys one after the other; a negative one is only released, and one above 1000 is
-    // only pressed.
-    void play(const QString &keyboard, std::initializer_list<int> keys)
-    {
-        std::vector<MockInputDevices::Event> list;
-        const auto add = [&list](int key, int value) {
-            list.push_back({EV_KEY, static_cast<std::uint16_t>(key), value});
-            list.push_back({syn, SYN_REPORT, 0});
-        };
-        for (const int key : keys) {
-            if (key >= 0) {
-                add(key % 1000, 1);
-            }
-            if (key < 1000) {
-                add(std::abs(key), 0);
-            }
-        }
-        devices.play(keyboard, list);
-    }
-
-    [[nodiscard]] bool comes(std::size_t count)
-    {
-        return eventually([&] { return events.size() >= count; }, std::chrono::seconds(20));
-    }
-
-    MockInputDevices devices;
-    ObservedEvents events;
-    FakeSession *session = nullptr;
-};
-
-constexpr int hold(int key)
-{
-    return key + 1000;
-}
+using Kind = testsupport::MockInputDevices::Kind;
 
 } // namespace
 
@@ -158,6 +73,26 @@ TEST_F(LibinputTapTest, TheLayoutIsFollowedWhenItChanges)
     EXPECT_EQ(events.text(), u"AΑασ") << "with what is locked kept";
 }
 
+// A compositor tells of the layout of whichever keyboard was used last, at any time.
+TEST_F(LibinputTapTest, WhatIsHeldStaysHeldWhenTheLayoutChanges)
+{
+    const auto keyboard = devices.add(Kind::keyboard);
+    const auto tap = enabledTap(maskOf(ObservedKind::keyDown));
+    ASSERT_NE(tap, nullptr);
+    play(keyboard, {hold(KEY_LEFTSHIFT), KEY_A});
+    ASSERT_TRUE(comes(1));
+    session->keymap = keymapOf("gr");
+    play(keyboard, {KEY_A, -KEY_LEFTSHIFT, KEY_A, hold(KEY_CAPSLOCK)});
+    ASSERT_TRUE(comes(3));
+    session->keymap = keymapOf("de");
+    play(keyboard, {KEY_Z, -KEY_CAPSLOCK, KEY_Z, KEY_CAPSLOCK, hold(KEY_RIGHTALT)});
+    ASSERT_TRUE(comes(5));
+    session->keymap = keymapOf("de");
+    play(keyboard, {KEY_Q, -KEY_RIGHTALT, KEY_Q});
+    ASSERT_TRUE(comes(7));
+    EXPECT_EQ(events.text(), u"AΑαYY@q");
+}
+
 TEST_F(LibinputTapTest, WhatIsLockedAtFirstIsSeenByTheLights)
 {
     const auto keyboard = devices.add(Kind::keyboard, (1U << LED_NUML) | (1U << LED_CAPSL));
@@ -166,60 +101,6 @@ TEST_F(LibinputTapTest, WhatIsLockedAtFirstIsSeenByTheLights)
     play(keyboard, {KEY_A, KEY_KP7});
     ASSERT_TRUE(comes(2));
     EXPECT_THAT(events.all(), ElementsAre(keyDown(0, u"A"), keyDown(89, u"7")));
-}
-
-TEST_F(LibinputTapTest, MovesFollowTheStepsUpToTheEdges)
-{
-    const auto mouse = devices.add(Kind::mouse);
-    const auto tap = enabledTap(allPointerKinds);
-    ASSERT_NE(tap, nullptr);
-    devices.play(mouse, {{EV_REL, REL_X, 5}, {syn, 0, 0}});
-    ASSERT_TRUE(comes(1));
-    const auto first = events.all().front();
-    EXPECT_GT(first.location.x, 500);
-    EXPECT_EQ(first.location.y, 400);
-    std::vector<MockInputDevices::Event> far;
-    for (int i = 0; i < 30; ++i) {
-        far.insert(far.end(), {{EV_REL, REL_X, -100}, {EV_REL, REL_Y, 100}, {syn, 0, 0}});
-    }
-    devices.play(mouse, far);
-    ASSERT_TRUE(comes(31));
-    EXPECT_EQ(events.all().back(), moved(ObservedKind::mouseMoved, 0, 800));
-}
-
-TEST_F(LibinputTapTest, DragsAreByTheButtonAndClicksAndScrollsAreNothing)
-{
-    const auto mouse = devices.add(Kind::mouse);
-    const auto tap = enabledTap(allPointerKinds);
-    ASSERT_NE(tap, nullptr);
-    const auto moveIs = [&](ObservedKind kind) {
-        return eventually([&] {
-            devices.play(mouse, {{EV_REL, REL_X, 1}, {syn, 0, 0}});
-            return events.size() > 0 && events.all().back().kind == kind;
-        });
-    };
-    devices.play(mouse, {{EV_REL, REL_WHEEL, 1}, {syn, 0, 0}});
-    for (const auto &[button, kind] :
-         {std::pair<std::uint16_t, ObservedKind>{BTN_LEFT, ObservedKind::leftMouseDragged},
-          {BTN_RIGHT, ObservedKind::rightMouseDragged},
-          {BTN_MIDDLE, ObservedKind::otherMouseDragged}}) {
-        devices.play(mouse, {{EV_KEY, button, 1}, {syn, 0, 0}});
-        EXPECT_TRUE(moveIs(kind));
-        devices.play(mouse, {{EV_KEY, button, 0}, {syn, 0, 0}});
-        EXPECT_TRUE(moveIs(ObservedKind::mouseMoved)) << "a release counts when it is sure to be no bounce";
-    }
-}
-
-TEST_F(LibinputTapTest, ADeviceThatTellsPlacesTellsWhereThePointerIs)
-{
-    const auto tablet = devices.add(Kind::tablet);
-    const auto tap = enabledTap(allPointerKinds);
-    ASSERT_NE(tap, nullptr);
-    session->area = QRectF(-1000, 0, 2000, 1000);
-    devices.play(tablet, {{EV_ABS, ABS_X, 16384}, {EV_ABS, ABS_Y, 8192}, {syn, 0, 0}});
-    ASSERT_TRUE(comes(1));
-    EXPECT_NEAR(events.all().back().location.x, 0, 1);
-    EXPECT_NEAR(events.all().back().location.y, 250, 1);
 }
 
 TEST_F(LibinputTapTest, AKeyboardThatIsPluggedInLaterIsHeardToo)
@@ -237,6 +118,34 @@ TEST_F(LibinputTapTest, AKeyboardThatIsPluggedInLaterIsHeardToo)
     play(second, {KEY_C});
     ASSERT_TRUE(comes(3));
     EXPECT_EQ(events.text(), u"abc");
+}
+
+TEST_F(LibinputTapTest, EventsComeFromTheEventLoopOfTheThreadThatMadeTheTap)
+{
+    const auto keyboard = devices.add(Kind::keyboard);
+    QThread thread;
+    QObject place;
+    place.moveToThread(&thread);
+    thread.start();
+    const auto onThread = [&place](const auto &work) {
+        QMetaObject::invokeMethod(&place, work, Qt::BlockingQueuedConnection);
+    };
+    std::atomic<QThread *> toldOn = nullptr;
+    std::unique_ptr<InputTap> tap;
+    onThread([&] {
+        tap = LibinputTap::create(
+            allKeyKinds, [&toldOn](const ObservedEvent & /*event*/) { toldOn = QThread::currentThread(); },
+            std::make_unique<FakeSession>());
+        if (tap) {
+            tap->setEnabled(true);
+        }
+    });
+    EXPECT_NE(tap, nullptr);
+    play(keyboard, {KEY_A});
+    EXPECT_TRUE(eventually([&] { return toldOn == &thread; }));
+    onThread([&] { tap.reset(); });
+    thread.quit();
+    thread.wait();
 }
 
 TEST_F(LibinputTapTest, OneThatIsDisabledClosesTheDevices)
