@@ -6,7 +6,7 @@ namespace platform {
 
 const wl_registry_listener WaylandGlobals::listener{
     [](void *self, wl_registry *, std::uint32_t name, const char *interface, std::uint32_t version) {
-        static_cast<WaylandGlobals *>(self)->globals_.push_back({name, interface, version, false});
+        static_cast<WaylandGlobals *>(self)->globals_.push_back({name, interface, version, false, nullptr});
     },
     [](void *self, wl_registry *, std::uint32_t name) { static_cast<WaylandGlobals *>(self)->remove(name); }};
 
@@ -39,8 +39,15 @@ void *WaylandGlobals::bindNextUntyped(const wl_interface &interface, std::uint32
 void *WaylandGlobals::bind(Global &global, const wl_interface &interface, std::uint32_t newestVersion)
 {
     global.isBound = true;
-    return wl_registry_bind(registry_.get(), global.name, &interface,
-                            std::min(global.version, newestVersion));
+    auto *object =
+        wl_registry_bind(registry_.get(), global.name, &interface, std::min(global.version, newestVersion));
+    global.object = object;
+    return object;
+}
+
+bool WaylandGlobals::isOffered(const void *object) const
+{
+    return std::ranges::find(globals_, object, &Global::object) != globals_.end();
 }
 
 void WaylandGlobals::remove(std::uint32_t name)

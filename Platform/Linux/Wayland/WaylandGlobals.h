@@ -10,7 +10,8 @@
 
 namespace platform {
 
-// Follows the offers as they come and go; complete after a round trip of the connection. Main thread.
+// Follows the offers as they come and go; complete after a round trip of the connection. The connection's
+// thread.
 class WaylandGlobals
 {
 public:
@@ -34,6 +35,8 @@ public:
         return WaylandObject<Proxy>(static_cast<Proxy *>(bindNextUntyped(interface, newestVersion)));
     }
 
+    // Whether the compositor has not taken back what this object was bound to.
+    [[nodiscard]] bool isOffered(const void *object) const;
     // Whether the compositor took back something that was bound.
     [[nodiscard]] bool isAnythingBoundGone() const { return isAnythingBoundGone_; }
 
@@ -44,6 +47,7 @@ private:
         std::string interface;
         std::uint32_t version = 0;
         bool isBound = false;
+        const void *object = nullptr; // that was bound to it the last
     };
 
     [[nodiscard]] void *bindUntyped(const wl_interface &interface, std::uint32_t newestVersion);

@@ -48,6 +48,43 @@ TEST(CompositorViewTest, TheLayoutAndTheDesktopAreTheCompositors)
     EXPECT_EQ(view->changedKeymap(), "");
 }
 
+TEST(CompositorViewTest, AScaleThatIsNoWholeNumberIsTheCompositors)
+{
+    PrivateRuntime runtime;
+    const PrivateSway sway(runtime, "output HEADLESS-1 scale 1.5\n");
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    const auto view = openCompositorView();
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 853, 533); }))
+        << view->desktop().width() << " x " << view->desktop().height();
+    ASSERT_TRUE(sway.command(QStringLiteral("output HEADLESS-1 scale 2")));
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 640, 400); }));
+}
+
+TEST(CompositorViewTest, AScreenThatComesLaterIsPartOfTheDesktop)
+{
+    PrivateRuntime runtime;
+    const PrivateSway sway(runtime, "output HEADLESS-1 position 0 0\n");
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    const auto view = openCompositorView();
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 1280, 800); }));
+    ASSERT_TRUE(sway.command(QStringLiteral("create_output")));
+    ASSERT_TRUE(sway.command(QStringLiteral("output HEADLESS-2 resolution 1000x900 position 1280 0")));
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 2280, 900); }));
+}
+
+TEST(CompositorViewTest, AScreenThatGoesIsNoPartOfTheDesktop)
+{
+    PrivateRuntime runtime;
+    WaylandStandIn standIn(runtime.path(QStringLiteral("wayland")), {}, {.hasOutput = true});
+    const ScopedWaylandDisplay scope(runtime.path(QStringLiteral("wayland")));
+    const auto view = openCompositorView();
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 800, 450); }));
+    standIn.takeBack();
+    EXPECT_TRUE(eventually([&] { return view->desktop().isEmpty(); }));
+}
+
 TEST(CompositorViewTest, WithoutAnAnswerTheLayoutIsTheSystemsAndTheDesktopIsNotKnown)
 {
     PrivateRuntime runtime;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int turn = 2; // milliseconds that the thread waits for its clients
 constexpr int seatVersion = 5;
+constexpr int outputVersion = 2;
 
 } // namespace
 
@@ -31,6 +32,9 @@ WaylandStandIn::WaylandStandIn(const QString &path, QByteArray keymap, Offers of
     }
     if (offers.hasKeyboards) {
         offer(zwp_virtual_keyboard_manager_v1_interface, 1, bindKeyboards);
+    }
+    if (offers.hasOutput) {
+        offer(wl_output_interface, outputVersion, bindOutput);
     }
     wl_display_add_socket(display_, QFile::encodeName(path).constData());
     thread_ = std::jthread([this](const std::stop_token &stop) { run(stop); });

@@ -23,6 +23,7 @@ public:
         bool hasSeat = true;
         bool hasPointers = true;
         bool hasKeyboards = true;
+        bool hasOutput = false; // 1600 x 900 pixels, at twice the scale
     };
 
     // Listens at the path, which WAYLAND_DISPLAY is to name, from the moment it is made. The keymap is that

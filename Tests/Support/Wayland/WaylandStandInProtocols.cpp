@@ -133,4 +133,15 @@ void bindKeyboards(wl_client *client, void *standIn, std::uint32_t version, std:
     bind(client, standIn, ::zwp_virtual_keyboard_manager_v1_interface, &keyboards, version, id);
 }
 
+// Its interface has no request in this version.
+void bindOutput(wl_client *client, void *standIn, std::uint32_t version, std::uint32_t id)
+{
+    auto *output = bind(client, standIn, ::wl_output_interface, nullptr, version, id);
+    wl_output_send_geometry(output, 0, 0, 0, 0, WL_OUTPUT_SUBPIXEL_UNKNOWN, "", "",
+                            WL_OUTPUT_TRANSFORM_NORMAL);
+    wl_output_send_mode(output, WL_OUTPUT_MODE_CURRENT, 1600, 900, 60'000);
+    wl_output_send_scale(output, 2);
+    wl_output_send_done(output);
+}
+
 } // namespace testsupport

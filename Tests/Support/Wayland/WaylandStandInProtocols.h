@@ -10,4 +10,6 @@ void bindSeat(wl_client *client, void *standIn, std::uint32_t version, std::uint
 void bindPointers(wl_client *client, void *standIn, std::uint32_t version, std::uint32_t id);
 void bindKeyboards(wl_client *client, void *standIn, std::uint32_t version, std::uint32_t id);
 
+void bindOutput(wl_client *client, void *standIn, std::uint32_t version, std::uint32_t id);
+
 } // namespace testsupport
