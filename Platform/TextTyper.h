@@ -28,8 +28,9 @@ public:
 
     // Hands the event over. A press takes effect together with its release, which names the same units: a key
     // that goes down comes up, whatever happens. Modifiers that the user holds change nothing of what is
-    // typed. False: the character cannot be typed here or there is nobody to hand it to, and none of it
-    // arrives.
+    // typed, but where the desktop's portal is all that there is to type through: nobody tells what is held
+    // there, and Control makes shortcuts of the text. False: the character cannot be typed here or there is
+    // nobody to hand it to, and none of it arrives.
     virtual bool post(const CharacterEvent &event) = 0;
 
     // False once the way to the system is lost; nothing more can be typed.

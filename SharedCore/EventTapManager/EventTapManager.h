@@ -43,16 +43,19 @@ public:
     // Whether the program may listen here. Asks nobody.
     [[nodiscard]] bool checkAccessibility() const;
 
-    // Has the system ask the user, where it has a question for it. Returns at once and tells no answer. As
-    // the two that follow: main thread, and an application object lives.
+    // Has the system ask the user, where it has a question for it. Returns at once and tells no answer: what
+    // checkAccessibility() says later does. REQUIRES: a platform is installed (Platform.h), in whose session
+    // the program will post. As the two that follow: main thread, and an application object lives.
     static void requestAccessibility();
     // Open the page of the system's settings where the user can allow it. What becomes of it is not told.
     static void openAccessibilitySettings();
     static void openInputMonitoringSettings();
 
-    // Types a text, UTF-8, into whatever program has the focus. Any thread; blocks it for 10 ms a character.
-    // On the main thread, with the focus in a window of this program, the event loop goes on meanwhile, so
-    // that the window gets the text (TextTyping.h, whose typeText() tells also whether all of it arrived).
+    // Types a text, UTF-8, into whatever program has the focus. Modifiers that the user holds make no
+    // shortcuts of it, but where the desktop's portal is the only way to type. Any thread; blocks it for 10
+    // ms a character. On the main thread, with the focus in a window of this program, the event loop goes on
+    // meanwhile, so that the window gets the text (TextTyping.h, whose typeText() tells also whether all of
+    // it arrived).
     static void typeText(std::string_view text);
 
     // Stops what was started last of each kind, for good: only another start goes on. What was started before

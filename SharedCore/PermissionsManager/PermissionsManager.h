@@ -23,7 +23,8 @@ public:
     // Whether the application may observe and post input. Asks nobody.
     [[nodiscard]] bool isAccessibilityGranted() const;
     // Has the system ask the user, where it is not granted and the system has a question for it. Returns at
-    // once and tells no answer: isAccessibilityGranted() does, later.
+    // once and tells no answer: isAccessibilityGranted() does, later. REQUIRES: a platform is installed
+    // (Platform.h), in whose session the application will post.
     void requestAccessibility() const;
 
     // Whether the microphone may be used. False too as long as the user has not been asked. Asks nobody, and

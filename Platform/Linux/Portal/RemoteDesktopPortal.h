@@ -9,8 +9,8 @@
 
 namespace platform {
 
-// Learns by asking, without waiting, and forgets when the portal's name on the bus changes hands. Main
-// thread.
+// Learns by asking, without waiting, and forgets when the portal's name on the bus changes hands. One
+// thread, which has a Qt event loop.
 class RemoteDesktopPortal final : public QObject
 {
     Q_OBJECT

@@ -13,7 +13,7 @@ namespace platform {
 
 // Opens without waiting, and runs until it ends. What it sends is not answered, since each answer would wake
 // the program, but for one call a second at most and each key: an error tells of a session that is gone,
-// should the portal not have said so. Main thread.
+// should the portal not have said so. One thread, which has a Qt event loop.
 class RemoteDesktopSession final : public QObject
 {
     Q_OBJECT

@@ -14,8 +14,8 @@ inline constexpr KeySymbol returnSymbol = 0xff0d;
 inline constexpr KeySymbol tabSymbol = 0xff09;
 
 // One symbol for each code point, in order. A newline ("\n", "\r" or both) is Return and a tab is Tab; other
-// control characters, code points that are no characters and halves of surrogate pairs are left out. Any
-// thread.
+// control characters and code points that are no characters are left out. Half of a surrogate pair is U+FFFD.
+// Any thread.
 [[nodiscard]] std::vector<KeySymbol> typedSymbols(std::u16string_view text);
 
 } // namespace platform

@@ -11,7 +11,7 @@
 namespace platform {
 
 // Follows the keymap that the compositor tells its clients: that of the keyboard which was used last. A
-// client without a window gets no keys and no modifiers. Main thread.
+// client without a window gets no keys and no modifiers. The connection's thread.
 class SeatKeyboard
 {
 public:

@@ -24,8 +24,9 @@ struct DestroyProxy
 // connection.
 template <class Proxy> using WaylandObject = std::unique_ptr<Proxy, DestroyProxy>;
 
-// Main thread of a Qt application. What the compositor sends is taken in when it comes, and before each use.
-// A broken connection stays broken and never ends the process; nothing but roundTrip() waits.
+// One thread. What the compositor sends is taken in before each use, and, where that thread has a Qt event
+// loop, when it comes. A broken connection stays broken and never ends the process; nothing but roundTrip()
+// waits.
 class WaylandConnection
 {
 public:

@@ -24,7 +24,7 @@ auto xReply(Function function, xcb_connection_t *connection, Cookie cookie)
         function(connection, cookie, nullptr));
 }
 
-// Main thread. A broken connection answers every request with nothing and never ends the process.
+// One thread at a time. A broken connection answers every request with nothing and never ends the process.
 class XConnection
 {
 public:

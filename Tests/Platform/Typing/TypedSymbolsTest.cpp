@@ -38,7 +38,14 @@ TEST(TypedSymbolsTest, EachKindOfNewlineIsOneReturnAndATabIsTab)
 TEST(TypedSymbolsTest, WhatIsNoCharacterHasNoKey)
 {
     EXPECT_THAT(typedSymbols(u""), IsEmpty());
+    EXPECT_THAT(typedSymbols(u"\uffff"), IsEmpty());
     EXPECT_THAT(typedSymbols(u"\u0001\u0008\u001b\u007f\u0085"), IsEmpty());
+}
+
+TEST(TypedSymbolsTest, HalfOfAPairIsItsReplacement)
+{
+    EXPECT_THAT(typedSymbols(std::u16string{u'a', char16_t{0xd83d}, u'b', char16_t{0xde00}}),
+                ElementsAre(0x61, ofUnicode + 0xfffd, 0x62, ofUnicode + 0xfffd));
 }
 
 } // namespace platform
