@@ -17,9 +17,10 @@ inline constexpr std::chrono::microseconds pauseAfterCharacter(10'000);
 // Blocks the caller that long, and at the end until the programs have read what was typed. Any thread; texts
 // that come from several threads are typed one after the other. What is no UTF-8 is typed as U+FFFD.
 //
-// What the user holds makes no shortcuts of the text. There is one exception: on desktops that let programs
-// type through their portal alone (GNOME and KDE on Wayland) it does, since the text comes from the user's
-// own keyboard there; only what its layout has can be typed.
+// What the user holds makes no shortcuts of the text; on X11 Control, where it is held, counts as let go of
+// after it. There is one exception: on desktops that let programs type through their portal alone (GNOME and
+// KDE on Wayland) it does, since the text comes from the user's own keyboard there; only what its layout has
+// can be typed.
 //
 // On the main thread, where a window of this program has the focus, the event loop goes on meanwhile, as in a
 // modal dialog: the window takes in the text before the call returns, and whatever else happens is handled

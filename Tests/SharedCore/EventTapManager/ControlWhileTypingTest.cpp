@@ -67,8 +67,7 @@ protected:
     [[nodiscard]] bool isDownAnywhere()
     {
         const auto isDown = [this](XKeyboard keyboard) { return isDownAt(keyboard); };
-        return isDown(platform::coreKeyboard) ||
-               std::ranges::any_of(platform::attachedKeyboards(x_), isDown);
+        return isDown(platform::coreKeyboard) || std::ranges::any_of(platform::attachedKeyboards(x_), isDown);
     }
 
     void post(std::uint8_t type)

@@ -100,8 +100,9 @@ TEST_P(ModifiersWhileTypingTest, TheTextArrivesAndTheKeyIsHeldAsBeforeOrLetGoOf)
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, ModifiersWhileTypingTest,
-                         testing::Values(Modifier{"Control", 37, false, false}, Modifier{"Shift", 50}, Modifier{"Alt", 64},
-                                         Modifier{"Super", 133}, Modifier{"CapsLock", 66, true}),
+                         testing::Values(Modifier{"Control", 37, false, false}, Modifier{"Shift", 50},
+                                         Modifier{"Alt", 64}, Modifier{"Super", 133},
+                                         Modifier{"CapsLock", 66, true}),
                          [](const auto &modifier) { return std::string(modifier.param.name); });
 
 } // namespace sharedcore
