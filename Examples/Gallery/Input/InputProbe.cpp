@@ -45,6 +45,12 @@ bool InputProbe::isMicrophoneGranted()
     return PermissionsManager::shared().isMicrophoneGranted();
 }
 
+void InputProbe::refresh()
+{
+    Q_EMIT trustChanged();
+    Q_EMIT permissionsChanged();
+}
+
 void InputProbe::requestTrust()
 {
     PermissionsManager::shared().requestAccessibility();
@@ -74,6 +80,11 @@ void InputProbe::openAccessibilitySettings()
     PermissionsManager::shared().openAccessibilitySettings();
 }
 
+void InputProbe::openInputMonitoringSettings()
+{
+    PermissionsManager::shared().openInputMonitoringSettings();
+}
+
 void InputProbe::openMicrophoneSettings()
 {
     PermissionsManager::shared().openMicrophoneSettings();
@@ -82,6 +93,11 @@ void InputProbe::openMicrophoneSettings()
 void InputProbe::openCalendarSettings()
 {
     PermissionsManager::shared().openCalendarSettings();
+}
+
+void InputProbe::openFullDiskAccessSettings()
+{
+    PermissionsManager::shared().openFullDiskAccessSettings();
 }
 
 void InputProbe::setListening(bool isListening)

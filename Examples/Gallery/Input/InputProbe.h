@@ -20,7 +20,7 @@ class InputProbe : public QObject
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(bool isTrusted READ isTrusted NOTIFY permissionsChanged)
+    Q_PROPERTY(bool isTrusted READ isTrusted NOTIFY trustChanged)
     Q_PROPERTY(bool isMicrophoneGranted READ isMicrophoneGranted NOTIFY permissionsChanged)
     Q_PROPERTY(QString calendar MEMBER calendar_ NOTIFY permissionsChanged) // the last answer, in words
 
@@ -37,13 +37,16 @@ public:
     [[nodiscard]] static bool isTrusted();
     [[nodiscard]] static bool isMicrophoneGranted();
     // Asks the system afresh.
-    Q_INVOKABLE void refresh() { Q_EMIT permissionsChanged(); }
+    Q_INVOKABLE void refresh();
+    Q_INVOKABLE void refreshTrust() { Q_EMIT trustChanged(); }
     Q_INVOKABLE void requestTrust();
     Q_INVOKABLE void requestMicrophone();
     Q_INVOKABLE void requestCalendar();
     Q_INVOKABLE static void openAccessibilitySettings();
+    Q_INVOKABLE static void openInputMonitoringSettings();
     Q_INVOKABLE static void openMicrophoneSettings();
     Q_INVOKABLE static void openCalendarSettings();
+    Q_INVOKABLE static void openFullDiskAccessSettings();
 
     [[nodiscard]] QString lastKeys() const { return keys_.join(QLatin1Char(' ')); }
     [[nodiscard]] bool isListening() const { return taps_ != nullptr; }
@@ -53,6 +56,7 @@ public:
     Q_INVOKABLE void typeLater(const QString &text);
 
 Q_SIGNALS:
+    void trustChanged();
     void permissionsChanged();
     void listeningChanged();
     void observed();

@@ -3,12 +3,13 @@ import QtQuick.Layouts
 import StirraGallery
 import Toolkit
 
-// A permission: what it is, and the two ways to it.
+// A permission: what it is, and the ways to it.
 HStack {
     id: root
 
     required property string title
     required property string status
+    property bool canAsk: true
 
     signal requested
     signal settingsWanted
@@ -34,6 +35,7 @@ HStack {
     }
 
     TextButton {
+        visible: root.canAsk
         text: "Ask"
         description: `Ask: ${root.title}`
         onClicked: root.requested()

@@ -19,11 +19,36 @@ ComponentPage {
         isListening: page.isWanted && page.visible
     }
 
+    // The user comes back from the settings, or from the desktop's question.
+    Connections {
+        target: Qt.application
+        function onStateChanged() {
+            if (page.visible) {
+                probe.refresh();
+            }
+        }
+    }
+
+    // Nobody tells when the user has answered.
+    Timer {
+        interval: 1000
+        repeat: true
+        running: page.visible && !probe.isTrusted
+        onTriggered: probe.refreshTrust()
+    }
+
     PermissionRow {
         title: "Accessibility"
         status: probe.isTrusted ? "granted" : "not granted"
         onRequested: probe.requestTrust()
         onSettingsWanted: probe.openAccessibilitySettings()
+    }
+
+    PermissionRow {
+        title: "Input monitoring"
+        status: "in the settings"
+        canAsk: false
+        onSettingsWanted: probe.openInputMonitoringSettings()
     }
 
     PermissionRow {
@@ -38,6 +63,13 @@ ComponentPage {
         status: probe.calendar || "not asked"
         onRequested: probe.requestCalendar()
         onSettingsWanted: probe.openCalendarSettings()
+    }
+
+    PermissionRow {
+        title: "Full disk access"
+        status: "in the settings"
+        canAsk: false
+        onSettingsWanted: probe.openFullDiskAccessSettings()
     }
 
     Divider {
