@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr milliseconds patience(5000);
-constexpr milliseconds timeOfOthers(300);
+constexpr milliseconds timeOfOthers(500);
 constexpr int mostGenerations = 16;
 
 struct Atoms

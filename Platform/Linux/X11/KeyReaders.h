@@ -9,7 +9,7 @@ namespace platform {
 // change before. Waits until the program that has the focus has read all events that were sent to it: it is
 // asked for a sign of life, as window managers do (_NET_WM_PING), and answers such messages and keys in their
 // order. False: it did not answer within 5 s, and its window is still there. A program that does not take
-// part in that, such as xterm, is given 300 ms and taken to have read: on an idle computer it takes some
+// part in that, such as xterm, is given 500 ms and taken to have read: on an idle computer it takes some
 // milliseconds. One thread.
 [[nodiscard]] bool awaitKeyReaders(XConnection &connection);
 
