@@ -41,6 +41,7 @@ Symbol::Symbol(QQuickItem *parent)
     setFlag(ItemHasContents);
     setSmooth(false);
     connect(this, &QQuickItem::smoothChanged, this, &Symbol::redraw);
+    connect(this, &QQuickItem::windowChanged, this, &Symbol::followWindow);
     setSymbolSize(size_);
     const auto side = std::round(size_ * sidePerTextSize);
     setImplicitSize(side, side);
@@ -102,11 +103,45 @@ void Symbol::itemChange(ItemChange change, const ItemChangeData &value)
     QQuickItem::itemChange(change, value);
 }
 
+// What moves a symbol is often a parent of it, which tells it nothing.
+void Symbol::followWindow(QQuickWindow *window)
+{
+    disconnect(frames_);
+    if (window) {
+        const auto settle = [this] {
+            if (isVisible() && offGrid() != offGrid_) {
+                update();
+            }
+        };
+        frames_ = connect(window, &QQuickWindow::afterAnimating, this, settle);
+    }
+}
+
+QPointF Symbol::offGrid() const
+{
+    if (smooth()) {
+        return {};
+    }
+    const qreal ratio = window()->effectiveDevicePixelRatio();
+    const auto place = mapToScene({0, 0}) * ratio;
+    return (place - place.toPoint()) / ratio;
+}
+
+// The whole picture, pixel for pixel, where it is not smooth.
+QRectF Symbol::pictureRect(const QSize &pixels) const
+{
+    if (!smooth()) {
+        return {-offGrid_, QSizeF(pixels) / window()->effectiveDevicePixelRatio()};
+    }
+    const qreal frame = width() / (pixels.width() - 2);
+    return boundingRect().adjusted(-frame, -frame, frame, frame);
+}
+
 QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*/)
 {
     std::unique_ptr<QSGImageNode> node(static_cast<QSGImageNode *>(oldNode));
     if (!node || isOutdated_) {
-        const auto side = static_cast<int>(std::ceil(width() * window()->effectiveDevicePixelRatio()));
+        const auto side = static_cast<int>(std::round(width() * window()->effectiveDevicePixelRatio()));
         const auto image = symbolImage(name_, side, color_, weight_ >= QFont::DemiBold);
         if (image.isNull()) {
             return nullptr;
@@ -119,8 +154,8 @@ QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*
         isOutdated_ = false;
     }
     node->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
-    const qreal frame = smooth() ? width() / (node->texture()->textureSize().width() - 2) : 0;
-    node->setRect(boundingRect().adjusted(-frame, -frame, frame, frame));
+    offGrid_ = offGrid();
+    node->setRect(pictureRect(node->texture()->textureSize()));
     return node.release();
 }
 

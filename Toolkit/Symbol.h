@@ -49,11 +49,17 @@ protected:
 
 private:
     void redraw();
+    void followWindow(QQuickWindow *window);
+    // How far the item's origin is from a corner of device pixels, in points; nothing for a smooth one.
+    [[nodiscard]] QPointF offGrid() const;
+    [[nodiscard]] QRectF pictureRect(const QSize &pixels) const;
 
     QString name_;
     qreal size_ = 13;
     QColor color_ = Qt::black;
     int weight_ = QFont::Normal;
+    QPointF offGrid_; // as it is drawn
+    QMetaObject::Connection frames_;
     bool isOutdated_ = true;
 };
 

@@ -2,6 +2,8 @@
 
 #include "Tests/Toolkit/ToolkitTest.h"
 
+#include <QPainter>
+
 namespace toolkit {
 
 namespace {
@@ -61,7 +63,7 @@ using SymbolTest = ToolkitTest;
 
 TEST_F(SymbolTest, IsTheSameSmoothOrNotWhileItIsNotScaled)
 {
-    auto &symbol = show("Symbol { x: 5; y: 5; name: 'stop.fill'; size: 30 }");
+    auto &symbol = show("Symbol { x: 4; y: 4; name: 'stop.fill'; size: 30 }");
     const auto sharp = picture();
     symbol.setSmooth(true);
     EXPECT_EQ(picture(), sharp);
@@ -76,6 +78,26 @@ TEST_F(SymbolTest, ASmoothOneKeepsItsOutlineSoftWhereItIsScaled)
     // Half a point beyond the unscaled symbol the scaled one has not ended.
     const auto beyond = image.pixelColor(static_cast<int>((20 + 12.3) * scale), static_cast<int>(26 * scale));
     EXPECT_LT(beyond.lightness(), 250);
+}
+
+TEST_F(SymbolTest, IsDrawnWholeAndSharpWhereverItStands)
+{
+    for (const double size : {14, 16}) { // sides of an odd number of points
+        auto &holder = show(qPrintable(
+            QStringLiteral("Item { Symbol { objectName: 'icon'; name: 'heart.fill'; size: %1 } }").arg(size)));
+        const double ratio = view.effectiveDevicePixelRatio();
+        const int side = qRound(item("icon").width() * ratio);
+        auto expected = QImage(side, side, QImage::Format_RGB32);
+        expected.fill(Qt::white);
+        QPainter(&expected).drawImage(
+            0, 0, symbolImage(QStringLiteral("heart.fill"), side, Qt::black, false));
+        for (const double place : {0.0, 0.5, 1.0, 3.25, 7.0}) { // only the parent is moved
+            holder.setPosition({place, 2 * place});
+            const auto corner = (holder.position() * ratio).toPoint();
+            const auto drawn = picture().copy({corner, expected.size()});
+            EXPECT_EQ(drawn.convertToFormat(QImage::Format_RGB32), expected) << size << " at " << place;
+        }
+    }
 }
 
 TEST_F(SymbolTest, IsAFifthLargerThanItsText)
