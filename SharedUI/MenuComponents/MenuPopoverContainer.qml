@@ -19,6 +19,8 @@ Item {
     implicitHeight: column.implicitHeight
     Layout.minimumWidth: 320
     Layout.maximumWidth: 320
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     DropShadow {
         objectName: "shadow"

@@ -1,13 +1,17 @@
 import QtQuick
 import Toolkit
 
-// The keys of a shortcut as caps, one by one, with a "+" between two: keys: ["⌘", "⇧", "P"].
+// The keys of a shortcut as caps, one by one, with a "+" between two: keys: ["⌘", "⇧", "P"]. They stand from left to right
+// in every language, as they are pressed.
 HStack {
     id: root
 
     required property list<string> keys
 
     spacing: 0
+    layoutDirection: Qt.LeftToRight
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
 
     Repeater {
         model: root.keys.length

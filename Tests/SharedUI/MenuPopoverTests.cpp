@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QFont>
+#include <QGuiApplication>
 #include <QTest>
 
 #include <algorithm>
@@ -58,6 +59,18 @@ TEST_F(MenuPopoverTest, IsAHeaderALineAndTheContent)
     EXPECT_EQ(place("holder").topLeft(), QPointF(16, header.bottom() + 1 + 16));
     EXPECT_EQ(place("holder").width(), 320 - 2 * 16);
     EXPECT_EQ(popover.height(), header.height() + 1 + 20 + 2 * 16);
+}
+
+TEST_F(MenuPopoverTest, IsMirroredForWritingFromTheRight)
+{
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    showPopover("ActionRow { icon: 'power'; title: 'Quit'; color: 'red'; action: () => {} }");
+    static_cast<void>(picture()); // which arranges it
+    EXPECT_EQ(place("closeButton").left(), 16);
+    EXPECT_EQ(item("title").property("effectiveHorizontalAlignment").toInt(), Qt::AlignRight);
+    EXPECT_EQ(place("tile").right(), 320 - 16);
+    EXPECT_EQ(place("chevron").left(), 16);
+    QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
 TEST_F(MenuPopoverTest, ItsTitleIsShownAsItStands)
@@ -232,6 +245,13 @@ TEST_F(ShortcutBadgeTest, IsACapForEachKeyWithAPlusBetween)
         }
     }
     EXPECT_NEAR(shown().width(), right, 1);
+}
+
+TEST_F(ShortcutBadgeTest, IsReadFromTheLeftInEveryLanguage)
+{
+    show("Item { LayoutMirroring.enabled: true; LayoutMirroring.childrenInherit: true;"
+         "width: 180; height: 40; ShortcutBadge { keys: ['Ctrl', 'Q'] } }");
+    EXPECT_EQ(texts().join(QLatin1Char(' ')), QStringLiteral("Ctrl + Q"));
 }
 
 TEST_F(ShortcutBadgeTest, OfOneKeyHasNoPlusAndOfNoneNothing)
