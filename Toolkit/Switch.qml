@@ -10,6 +10,7 @@ HStack {
     id: root
 
     required property string title
+    property string description: "" // what assistive technology says of it beside its title
     property bool isOn: false
     property bool isTitleShown: true // assistive technology is told in any case
     property bool isSmall: false // 28 × 16 points, and not 36 × 20
@@ -46,6 +47,7 @@ HStack {
         implicitWidth: root.isSmall ? 28 : 36
         implicitHeight: root.isSmall ? 16 : 20
         Accessible.role: Accessible.CheckBox
+        Accessible.description: root.description
         Accessible.onToggleAction: root.toggle()
         onClicked: root.toggle()
 

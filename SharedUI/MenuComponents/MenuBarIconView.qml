@@ -8,7 +8,7 @@ Item {
 
     required property string icon // a system symbol's name
     required property bool isActive
-    property int badge: 0 // shown where it is above 0
+    property var badge: undefined // a whole number, shown where it is above 0
     required property color color
 
     implicitWidth: Math.max(22, capsule.visible ? capsule.width : 0)

@@ -3,7 +3,8 @@ import QtQuick.Layouts
 import Toolkit
 
 // The frame of a popover: a title with a close button on frosted ground, a line, and the content, one below the other,
-// with the default padding. It is 320 points wide whatever is in it. `close` is emitted once for each click on the
+// with the default padding. It is 320 points wide whatever is in it; what is
+// wider is cut off at its edge. `close` is emitted once for each click on the
 // button. Its shadow (black at 20 %, 10 points lower) reaches up to 70 points beyond it.
 Item {
     id: root
@@ -11,6 +12,7 @@ Item {
     default property alias content: holder.data
 
     required property string title
+    property bool fillsWindow: false // without round corners and shadow: what is beyond its window is not seen
 
     signal close
 
@@ -24,6 +26,7 @@ Item {
 
     DropShadow {
         objectName: "shadow"
+        visible: !root.fillsWindow
         anchors.fill: parent
         cornerRadius: 12
         radius: 20
@@ -34,7 +37,7 @@ Item {
     RoundedRectangle {
         objectName: "ground"
         anchors.fill: parent
-        radius: 12
+        radius: root.fillsWindow ? 0 : 12
         color: SystemStyle.windowBackground
     }
 
@@ -43,6 +46,7 @@ Item {
 
         anchors.fill: parent
         spacing: 0
+        clip: true
 
         Item {
             objectName: "header"
@@ -55,7 +59,7 @@ Item {
                 objectName: "material"
                 width: parent.width
                 height: parent.height + radius
-                radius: 12
+                radius: root.fillsWindow ? 0 : 12
                 color: SystemStyle.ultraThinMaterial
             }
 
@@ -71,6 +75,7 @@ Item {
                     font: TextStyle.system(13, Font.DemiBold)
                     elide: Text.ElideRight
                     horizontalAlignment: Text.AlignLeft
+                    Accessible.role: Accessible.Heading
                     Layout.fillWidth: true
                 }
 

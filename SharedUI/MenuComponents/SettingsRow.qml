@@ -39,6 +39,7 @@ HStack {
             font: TextStyle.system(13, Font.Normal)
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true // the switch says it
             Layout.fillWidth: true
         }
 
@@ -50,6 +51,7 @@ HStack {
             color: SystemStyle.secondaryLabel
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true // the switch says it
             Layout.fillWidth: true
         }
     }
@@ -57,6 +59,7 @@ HStack {
     Switch {
         objectName: "switch"
         title: root.title
+        description: root.subtitle
         isTitleShown: false
         isSmall: true
         isOn: root.isOn

@@ -12,6 +12,8 @@ HStack {
     layoutDirection: Qt.LeftToRight
     LayoutMirroring.enabled: false
     LayoutMirroring.childrenInherit: true
+    Accessible.role: Accessible.StaticText
+    Accessible.name: keys.join("+")
 
     Repeater {
         model: root.keys.length
@@ -31,6 +33,7 @@ HStack {
                 color: SystemStyle.secondaryLabel
                 leftPadding: 2
                 rightPadding: 2
+                Accessible.ignored: true
             }
 
             RoundedRectangle {
@@ -53,12 +56,13 @@ HStack {
                     id: name
 
                     objectName: "key"
-                    text: root.keys[key.index]
+                    text: root.keys[key.index] ?? ""
                     font: TextStyle.system(10, Font.Medium)
                     leftPadding: 5
                     rightPadding: 5
                     topPadding: 2
                     bottomPadding: 2
+                    Accessible.ignored: true
                 }
             }
         }

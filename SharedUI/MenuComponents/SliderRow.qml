@@ -38,6 +38,7 @@ VStack {
             font: TextStyle.system(12, Font.Normal)
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true // the slider says it
             Layout.fillWidth: true
         }
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Toolkit
 
-// A figure with its symbol above and what it means below.
+// A figure with its symbol above and what it means below, in two lines at the most where there is less room.
 VStack {
     id: root
 
@@ -24,7 +24,9 @@ VStack {
         objectName: "value"
         text: root.value
         font: TextStyle.system(18, Font.Bold)
-        Layout.alignment: Qt.AlignHCenter
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        Layout.fillWidth: true
     }
 
     Label {
@@ -32,6 +34,10 @@ VStack {
         text: root.label
         font: TextStyle.system(10, Font.Normal)
         color: SystemStyle.secondaryLabel
-        Layout.alignment: Qt.AlignHCenter
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        Layout.fillWidth: true
     }
 }

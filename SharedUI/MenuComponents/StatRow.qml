@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Layouts
 import Toolkit
 
-// A figure in one line: its symbol, what it means, and at the trailing edge the figure.
+// A figure in one line: its symbol, what it means, and at the trailing edge the figure. Where both do not fit, what it
+// means is cut short first.
 HStack {
     id: root
 
@@ -40,5 +41,8 @@ HStack {
         objectName: "value"
         text: root.value
         font: TextStyle.system(13, Font.Medium)
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignRight
+        Layout.preferredWidth: Math.min(Math.ceil(implicitWidth), Math.max(0, root.width - 24 - 2 * root.spacing))
     }
 }

@@ -1,5 +1,7 @@
 #include "Tests/SharedUI/SharedUITest.h"
 
+#include "Toolkit/SystemStyle.h"
+
 #include <QAccessible>
 #include <QFont>
 #include <QGuiApplication>
@@ -51,6 +53,7 @@ TEST_F(MenuPopoverTest, IsAHeaderALineAndTheContent)
     const auto header = place("header");
     EXPECT_EQ(header.topLeft(), QPointF(0, 0));
     EXPECT_EQ(header.width(), 320);
+    EXPECT_EQ(item("material").property("color").value<QColor>(), toolkit::SystemStyle().ultraThinMaterial());
     EXPECT_EQ(header.height(), std::max(item("title").height(), item("closeButton").height()) + 2 * 16);
     EXPECT_EQ(item("title").property("font").value<QFont>().pixelSize(), 13);
     EXPECT_EQ(item("title").property("font").value<QFont>().weight(), QFont::DemiBold);
@@ -59,6 +62,39 @@ TEST_F(MenuPopoverTest, IsAHeaderALineAndTheContent)
     EXPECT_EQ(place("holder").topLeft(), QPointF(16, header.bottom() + 1 + 16));
     EXPECT_EQ(place("holder").width(), 320 - 2 * 16);
     EXPECT_EQ(popover.height(), header.height() + 1 + 20 + 2 * 16);
+}
+
+TEST_F(MenuPopoverTest, CutsOffWhatIsWider)
+{
+    showPopover("Rectangle { implicitWidth: 900; implicitHeight: 20; color: 'red' }");
+    const auto image = picture();
+    const double y = 40 + place("holder").center().y();
+    EXPECT_EQ(colorAt(image, 40 + 300, y), QColor(Qt::red));
+    EXPECT_NE(colorAt(image, 40 + 319, y).green(), 255);
+    EXPECT_GT(colorAt(image, 40 + 321, y).green(), 150); // the shadow
+}
+
+TEST_F(MenuPopoverTest, LongTextsStayInIt)
+{
+    const QByteArray figure = "value: '1.234.567,89 Kilometer am Tag'; icon: 'timer';"
+                              "label: 'Durchschnittliche Schlagfrequenz je Trainingseinheit'";
+    const QByteArray name = "title: 'Benachrichtigungseinstellungen der Bildschirmschonerverwaltung'";
+    showPopover("HStack { Repeater { model: 3; StatColumn { " + figure + "} } }" + "StatRow {" + figure +
+                "} ActionRow { icon: 'power'; color: 'red'; action: () => {};" + name +
+                "} SettingsRow { icon: 'timer'; isOn: true; subtitle: title + title;" + name +
+                "} SliderRow { icon: 'timer'; value: 5; range: [0, 9]; step: 1; format: '%.99f';" + name +
+                "}");
+    static_cast<void>(picture()); // which arranges it
+    const auto inside = place("holder");
+    EXPECT_EQ(shownTexts().size(), 3 * 2 + 2 + 1 + 2 + 2 + 1);
+    for (auto *text : shownTexts()) {
+        const auto area = text->mapRectToItem(&shown(), {{0, 0}, text->size()});
+        SCOPED_TRACE(text->property("text").toString().toStdString());
+        EXPECT_GE(area.left(), inside.left());
+        EXPECT_LE(area.right(), inside.right() + 0.5);
+        EXPECT_GT(area.width(), 0);
+        EXPECT_LE(text->property("contentWidth").toDouble(), area.width() + 0.5);
+    }
 }
 
 TEST_F(MenuPopoverTest, IsMirroredForWritingFromTheRight)
@@ -114,6 +150,28 @@ TEST_F(MenuPopoverTest, ItsCloseButtonIsASymbolWithAName)
     QAccessible::setActive(false);
 }
 
+TEST_F(MenuPopoverTest, ThatFillsItsWindowHasNeitherCornersNorShadow)
+{
+    const auto &popover = showPopover();
+    shown().setProperty("fillsWindow", true);
+    const auto image = picture();
+    EXPECT_EQ(colorAt(image, 41, 40 + popover.height() - 2), colorAt(image, 200, 40 + popover.height() - 2));
+    EXPECT_EQ(colorAt(image, 41, 41), colorAt(image, 200, 41));
+    EXPECT_NE(colorAt(image, 41, 41), QColor(Qt::white));
+    EXPECT_EQ(colorAt(image, 200, 40 + popover.height() + 10), QColor(Qt::white));
+}
+
+TEST_F(MenuPopoverTest, ItsTitleIsAHeading)
+{
+    showPopover();
+    QAccessible::setActive(true);
+    auto *accessible = QAccessible::queryAccessibleInterface(&item("title"));
+    ASSERT_TRUE(accessible);
+    EXPECT_EQ(accessible->role(), QAccessible::Heading);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Heart"));
+    QAccessible::setActive(false);
+}
+
 TEST_F(MenuPopoverTest, HasRoundCornersAndAShadowBelow)
 {
     for (const bool isDark : {false, true}) {
@@ -129,138 +187,6 @@ TEST_F(MenuPopoverTest, HasRoundCornersAndAShadowBelow)
         EXPECT_NEAR(colorAt(image, 200, bottom + 10).red(), 255 * 0.9, 8);
         EXPECT_GT(colorAt(image, 200, 36).red(), colorAt(image, 200, bottom + 4).red() + 10);
     }
-}
-
-class MenuBarIconViewTest : public SharedUITest
-{
-protected:
-    QQuickItem &showIcon(const QByteArray &fields)
-    {
-        return show("MenuBarIconView { x: 50; y: 50; icon: 'bell.fill'; isActive: true; color: '#c82800'; " +
-                    fields + "}");
-    }
-};
-
-TEST_F(MenuBarIconViewTest, IsASymbolInItsColourWhileActive)
-{
-    auto &icon = showIcon({});
-    EXPECT_EQ(icon.size(), QSizeF(22, 22));
-    const auto &symbol = item("icon");
-    EXPECT_EQ(symbol.property("size").toDouble(), 16);
-    EXPECT_EQ(symbol.property("weight").toInt(), QFont::Medium);
-    EXPECT_EQ(symbol.property("color").value<QColor>(), QColor(0xc8, 0x28, 0));
-    icon.setProperty("isActive", false);
-    EXPECT_EQ(symbol.property("color").value<QColor>().rgba(), 0x99000000);
-}
-
-TEST_F(MenuBarIconViewTest, HasNoBadgeWithoutANumberAboveZero)
-{
-    for (const auto *fields : {"", "badge: 0", "badge: -4"}) {
-        showIcon(fields);
-        EXPECT_FALSE(item("badge").isVisible()) << fields;
-        EXPECT_EQ(shown().size(), QSizeF(22, 22));
-    }
-}
-
-TEST_F(MenuBarIconViewTest, ItsBadgeIsARedCapsuleOverTheCorner)
-{
-    const auto &icon = showIcon("badge: 3");
-    const auto &badge = item("badge");
-    const auto &number = item("number");
-    EXPECT_TRUE(badge.isVisible());
-    EXPECT_EQ(number.property("text").toString(), QStringLiteral("3"));
-    EXPECT_EQ(number.property("font").value<QFont>().pixelSize(), 9);
-    EXPECT_EQ(number.property("font").value<QFont>().weight(), QFont::Bold);
-    EXPECT_EQ(number.property("color").value<QColor>(), QColor(Qt::white));
-    EXPECT_EQ(badge.property("color").value<QColor>(), QColor(0xFF, 0x3B, 0x30));
-    EXPECT_EQ(badge.width(), number.width() + 8);
-    EXPECT_EQ(badge.height(), number.height() + 2);
-    EXPECT_EQ(badge.property("radius").toDouble(), badge.height() / 2);
-    EXPECT_EQ(badge.x() + badge.width(), icon.width() + 6);
-    EXPECT_EQ(badge.y(), -6);
-    EXPECT_EQ(colorAt(picture(), 50 + badge.x() + 2, 50 + badge.y() + badge.height() / 2),
-              QColor(0xFF, 0x3B, 0x30));
-}
-
-TEST_F(MenuBarIconViewTest, GrowsWithALongBadgeAndKeepsItsCorner)
-{
-    const auto &icon = showIcon("badge: 1234567");
-    const auto &badge = item("badge");
-    EXPECT_GT(icon.width(), 22);
-    EXPECT_EQ(icon.width(), badge.width());
-    EXPECT_EQ(item("icon").parentItem()->x() + 22, icon.width());
-}
-
-void gatherTexts(const QQuickItem &item, QList<QQuickItem *> &texts)
-{
-    for (auto *child : item.childItems()) {
-        if (child->inherits("QQuickText") && child->isVisible()) {
-            texts.append(child);
-        }
-        gatherTexts(*child, texts);
-    }
-}
-
-class ShortcutBadgeTest : public SharedUITest
-{
-protected:
-    // Those that are seen, from the left.
-    [[nodiscard]] QList<QQuickItem *> labels()
-    {
-        static_cast<void>(picture()); // which arranges them
-        QList<QQuickItem *> labels;
-        gatherTexts(shown(), labels);
-        std::ranges::sort(labels, {}, [](const QQuickItem *label) { return label->mapToScene({0, 0}).x(); });
-        return labels;
-    }
-
-    [[nodiscard]] QStringList texts()
-    {
-        QStringList texts;
-        for (const auto *label : labels()) {
-            texts.append(label->property("text").toString());
-        }
-        return texts;
-    }
-};
-
-TEST_F(ShortcutBadgeTest, IsACapForEachKeyWithAPlusBetween)
-{
-    show("ShortcutBadge { keys: ['⌘', '⇧', 'P'] }");
-    EXPECT_EQ(texts().join(QLatin1Char(' ')), QStringLiteral("⌘ + ⇧ + P"));
-    double right = 0;
-    for (const auto *label : labels()) {
-        EXPECT_NEAR(label->mapToScene({0, 0}).x(), right, 1);
-        right = label->mapToScene({0, 0}).x() + label->width();
-        const auto font = label->property("font").value<QFont>();
-        const bool isKey = label->objectName() == QStringLiteral("key");
-        EXPECT_EQ(isKey, label->property("text").toString() != QStringLiteral("+"));
-        EXPECT_EQ(font.pixelSize(), 10);
-        EXPECT_EQ(font.weight(), isKey ? QFont::Medium : QFont::Normal);
-        EXPECT_EQ(label->property("leftPadding").toDouble(), isKey ? 5 : 2);
-        EXPECT_EQ(label->property("rightPadding").toDouble(), isKey ? 5 : 2);
-        EXPECT_EQ(label->property("topPadding").toDouble(), isKey ? 2 : 0);
-        if (isKey) {
-            EXPECT_EQ(label->parentItem()->property("radius").toDouble(), 4);
-        }
-    }
-    EXPECT_NEAR(shown().width(), right, 1);
-}
-
-TEST_F(ShortcutBadgeTest, IsReadFromTheLeftInEveryLanguage)
-{
-    show("Item { LayoutMirroring.enabled: true; LayoutMirroring.childrenInherit: true;"
-         "width: 180; height: 40; ShortcutBadge { keys: ['Ctrl', 'Q'] } }");
-    EXPECT_EQ(texts().join(QLatin1Char(' ')), QStringLiteral("Ctrl + Q"));
-}
-
-TEST_F(ShortcutBadgeTest, OfOneKeyHasNoPlusAndOfNoneNothing)
-{
-    show("ShortcutBadge { keys: ['Esc'] }");
-    EXPECT_EQ(texts(), QStringList{QStringLiteral("Esc")});
-    show("ShortcutBadge { keys: [] }");
-    EXPECT_TRUE(texts().isEmpty());
-    EXPECT_EQ(shown().width(), 0);
 }
 
 } // namespace

@@ -6,6 +6,20 @@
 
 namespace sharedui {
 
+namespace {
+
+void gatherTexts(const QQuickItem &item, QList<QQuickItem *> &texts)
+{
+    for (auto *child : item.childItems()) {
+        if (child->inherits("QQuickText") && child->isVisible()) {
+            texts.append(child);
+        }
+        gatherTexts(*child, texts);
+    }
+}
+
+} // namespace
+
 SharedUITest::SharedUITest()
 {
     view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -50,6 +64,13 @@ QList<QQuickItem *> SharedUITest::itemsOf(const char *className) const
     auto items = shown_->findChildren<QQuickItem *>();
     items.removeIf([className](const QQuickItem *item) { return !item->inherits(className); });
     return items;
+}
+
+QList<QQuickItem *> SharedUITest::shownTexts() const
+{
+    QList<QQuickItem *> texts;
+    gatherTexts(*shown_, texts);
+    return texts;
 }
 
 QColor SharedUITest::colorAt(const QImage &picture, double x, double y) const

@@ -30,6 +30,8 @@ protected:
     // The item below the shown one of that object name.
     [[nodiscard]] QQuickItem &item(const char *name) const;
     [[nodiscard]] QQuickItem &shown() const { return *shown_; }
+    // The texts that are seen, by any name.
+    [[nodiscard]] QList<QQuickItem *> shownTexts() const;
     // Empty where no text item is below the shown one.
     [[nodiscard]] QList<QQuickItem *> itemsOf(const char *className) const;
 
