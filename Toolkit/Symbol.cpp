@@ -16,6 +16,15 @@ namespace {
 
 constexpr qreal sidePerTextSize = 1.2;
 
+// What a text's weight adds to the strokes of a symbol, in sixteenths of its side.
+double strokeOf(int weight)
+{
+    if (weight < QFont::Medium) {
+        return 0;
+    }
+    return weight < QFont::DemiBold ? 0.3 : 0.6;
+}
+
 // With a pixel of nothing around it, so that its outline stays soft where it is scaled or turned.
 QImage framed(const QImage &image)
 {
@@ -24,7 +33,7 @@ QImage framed(const QImage &image)
 
 } // namespace
 
-QImage symbolImage(const QString &name, int side, const QColor &color, bool isHeavy)
+QImage symbolImage(const QString &name, int side, const QColor &color, int weight)
 {
     if (side <= 0) {
         return {};
@@ -32,7 +41,8 @@ QImage symbolImage(const QString &name, int side, const QColor &color, bool isHe
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    return platform::drawSymbol(painter, name, QRectF(image.rect()), color, isHeavy) ? image : QImage();
+    return platform::drawSymbol(painter, name, QRectF(image.rect()), color, strokeOf(weight)) ? image
+                                                                                              : QImage();
 }
 
 Symbol::Symbol(QQuickItem *parent)
@@ -142,7 +152,7 @@ QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*
     std::unique_ptr<QSGImageNode> node(static_cast<QSGImageNode *>(oldNode));
     if (!node || isOutdated_) {
         const auto side = static_cast<int>(std::round(width() * window()->effectiveDevicePixelRatio()));
-        const auto image = symbolImage(name_, side, color_, weight_ >= QFont::DemiBold);
+        const auto image = symbolImage(name_, side, color_, weight_);
         if (image.isNull()) {
             return nullptr;
         }

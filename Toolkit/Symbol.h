@@ -22,7 +22,7 @@ class Symbol : public QQuickItem
     // The pixel size of the text that the symbol belongs to; its own side is 1.2 times that.
     Q_PROPERTY(qreal size READ size WRITE setSymbolSize NOTIFY sizeChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
-    // From DemiBold on the strokes are drawn heavier.
+    // Of the text, as in QFont: from Medium on the strokes are drawn heavier, and more so from DemiBold on.
     Q_PROPERTY(int weight READ weight WRITE setWeight NOTIFY weightChanged)
 
 public:
@@ -64,6 +64,6 @@ private:
 };
 
 // The symbol as a picture of `side` × `side` device pixels; null for an unknown name. Any thread.
-[[nodiscard]] QImage symbolImage(const QString &name, int side, const QColor &color, bool isHeavy);
+[[nodiscard]] QImage symbolImage(const QString &name, int side, const QColor &color, int weight);
 
 } // namespace toolkit

@@ -9,11 +9,12 @@ namespace platform {
 namespace {
 
 // The drawings name their colour once, as the colour of the text around them.
-QByteArray coloured(QByteArray drawing, const QColor &color, bool isHeavy)
+QByteArray coloured(QByteArray drawing, const QColor &color, double weight)
 {
     auto paint = "fill=\"" + color.name().toLatin1() + '"';
-    if (isHeavy) {
-        paint += " stroke=\"" + color.name().toLatin1() + R"(" stroke-width="0.6" stroke-linejoin="round")";
+    if (weight > 0) {
+        paint += " stroke=\"" + color.name().toLatin1() + "\" stroke-width=\"" + QByteArray::number(weight) +
+                 "\" stroke-linejoin=\"round\"";
     }
     return drawing.replace("fill=\"currentColor\"", paint);
 }
@@ -27,7 +28,7 @@ QByteArray drawingOf(const QString &name)
 } // namespace
 
 bool drawSymbol(QPainter &painter, const QString &name, const QRectF &where, const QColor &color,
-                bool isHeavy)
+                double weight)
 {
     const auto drawing = drawingOf(name);
     if (drawing.isEmpty()) {
@@ -35,7 +36,7 @@ bool drawSymbol(QPainter &painter, const QString &name, const QRectF &where, con
     }
     painter.save();
     painter.setOpacity(painter.opacity() * color.alphaF());
-    QSvgRenderer(coloured(drawing, color, isHeavy)).render(&painter, where);
+    QSvgRenderer(coloured(drawing, color, weight)).render(&painter, where);
     painter.restore();
     return true;
 }

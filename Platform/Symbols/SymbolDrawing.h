@@ -10,9 +10,10 @@ class QPainter;
 namespace platform {
 
 // Draws the symbol in one colour, so that its square fills `where`, which is in the painter's coordinates.
-// With `isHeavy` its strokes are drawn heavier. The names known are those of symbols.cmake, such as
-// "eye.fill"; with another one nothing is drawn, and the answer is false. Any thread.
+// With a weight its strokes are drawn heavier by that much, in sixteenths of the square. The names known are
+// those of symbols.cmake, such as "eye.fill"; with another one nothing is drawn, and the answer is false. Any
+// thread.
 bool drawSymbol(QPainter &painter, const QString &name, const QRectF &where, const QColor &color,
-                bool isHeavy = false);
+                double weight = 0);
 
 } // namespace platform

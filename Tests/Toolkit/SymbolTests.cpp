@@ -25,7 +25,7 @@ class SymbolNames : public testing::TestWithParam<const char *>
 
 TEST_P(SymbolNames, IsDrawnInTheColourAsked)
 {
-    const auto image = symbolImage(QString::fromLatin1(GetParam()), 48, QColor(200, 30, 60), false);
+    const auto image = symbolImage(QString::fromLatin1(GetParam()), 48, QColor(200, 30, 60), QFont::Normal);
     ASSERT_FALSE(image.isNull());
     EXPECT_GT(ink(image), 0);
     for (int i = 0; i < 48 * 48; ++i) {
@@ -47,16 +47,18 @@ INSTANTIATE_TEST_SUITE_P(Symbols, SymbolNames,
 
 TEST(Symbol, AnUnknownNameDrawsNothing)
 {
-    EXPECT_TRUE(symbolImage(QStringLiteral("no.such.symbol"), 16, Qt::black, false).isNull());
-    EXPECT_TRUE(symbolImage(QStringLiteral("eye.fill"), 0, Qt::black, false).isNull());
+    EXPECT_TRUE(symbolImage(QStringLiteral("no.such.symbol"), 16, Qt::black, QFont::Normal).isNull());
+    EXPECT_TRUE(symbolImage(QStringLiteral("eye.fill"), 0, Qt::black, QFont::Normal).isNull());
 }
 
 TEST(Symbol, AHeavyOneHasMoreInkAndATranslucentOneLess)
 {
     const auto name = QStringLiteral("timer");
-    const auto normal = ink(symbolImage(name, 32, Qt::black, false));
-    EXPECT_GT(ink(symbolImage(name, 32, Qt::black, true)), normal);
-    EXPECT_LT(ink(symbolImage(name, 32, QColor(0, 0, 0, 128), false)), normal * 6 / 10);
+    const auto normal = ink(symbolImage(name, 32, Qt::black, QFont::Normal));
+    const auto medium = ink(symbolImage(name, 32, Qt::black, QFont::Medium));
+    EXPECT_GT(medium, normal);
+    EXPECT_GT(ink(symbolImage(name, 32, Qt::black, QFont::DemiBold)), medium);
+    EXPECT_LT(ink(symbolImage(name, 32, QColor(0, 0, 0, 128), QFont::Normal)), normal * 6 / 10);
 }
 
 using SymbolTest = ToolkitTest;
@@ -83,14 +85,15 @@ TEST_F(SymbolTest, ASmoothOneKeepsItsOutlineSoftWhereItIsScaled)
 TEST_F(SymbolTest, IsDrawnWholeAndSharpWhereverItStands)
 {
     for (const double size : {14, 16}) { // sides of an odd number of points
-        auto &holder = show(qPrintable(
-            QStringLiteral("Item { Symbol { objectName: 'icon'; name: 'heart.fill'; size: %1 } }").arg(size)));
+        auto &holder = show(
+            qPrintable(QStringLiteral("Item { Symbol { objectName: 'icon'; name: 'heart.fill'; size: %1 } }")
+                           .arg(size)));
         const double ratio = view.effectiveDevicePixelRatio();
         const int side = qRound(item("icon").width() * ratio);
         auto expected = QImage(side, side, QImage::Format_RGB32);
         expected.fill(Qt::white);
         QPainter(&expected).drawImage(
-            0, 0, symbolImage(QStringLiteral("heart.fill"), side, Qt::black, false));
+            0, 0, symbolImage(QStringLiteral("heart.fill"), side, Qt::black, QFont::Normal));
         for (const double place : {0.0, 0.5, 1.0, 3.25, 7.0}) { // only the parent is moved
             holder.setPosition({place, 2 * place});
             const auto corner = (holder.position() * ratio).toPoint();
