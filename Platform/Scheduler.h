@@ -18,7 +18,7 @@ public:
     RepeatingTimer &operator=(const RepeatingTimer &) = delete;
     virtual ~RepeatingTimer() = default;
 
-    // The timer never fires again, also when called from its own callback. May be called more than once.
+    // It never fires again, also when called from its own callback, and lets go of that. May be repeated.
     virtual void invalidate() = 0;
 };
 

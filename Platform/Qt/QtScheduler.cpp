@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <utility>
 
 namespace platform {
@@ -32,7 +33,7 @@ class GridTimer final : public QObject
 public:
     GridTimer(Seconds interval, Scheduler::Callback callback)
         : interval_(interval > shortestInterval ? interval : shortestInterval)
-        , callback_(std::move(callback))
+        , callback_(std::make_shared<const Scheduler::Callback>(std::move(callback)))
     {
         timer_.setSingleShot(true);
         timer_.setTimerType(Qt::PreciseTimer);
@@ -43,7 +44,7 @@ public:
     void invalidate()
     {
         timer_.stop();
-        isInvalid_ = true;
+        callback_.reset(); // and whatever it holds
         deleteLater();
     }
 
@@ -60,17 +61,17 @@ private:
             return;
         }
         count_ = reached + 1;
-        callback_();
-        if (!isInvalid_) {
+        const auto callback = callback_; // for as long as it runs
+        (*callback)();
+        if (callback_) {
             arm();
         }
     }
 
     const Seconds interval_;
-    const Scheduler::Callback callback_;
+    std::shared_ptr<const Scheduler::Callback> callback_; // none once it is invalid
     const Clock::time_point start_ = Clock::now();
     double count_ = 1; // the point of the grid that comes next
-    bool isInvalid_ = false;
     QTimer timer_;
 };
 

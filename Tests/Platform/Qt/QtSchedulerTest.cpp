@@ -71,6 +71,30 @@ TEST_F(QtSchedulerTest, NothingFiresBeforeTheRunLoopRuns)
     timer->invalidate();
 }
 
+TEST_F(QtSchedulerTest, AnInvalidTimerLetsGoOfWhatItsCallbackHolds)
+{
+    auto held = std::make_shared<int>(7);
+    const std::weak_ptr<int> seen = held;
+    const auto timer = scheduler.repeat(interval, [held = std::move(held)] { static_cast<void>(held); });
+    ASSERT_FALSE(seen.expired());
+    timer->invalidate();
+    EXPECT_TRUE(seen.expired());
+}
+
+TEST_F(QtSchedulerTest, ACallbackThatInvalidatesItsTimerKeepsWhatItHoldsUntilItReturns)
+{
+    auto held = std::make_shared<int>(7);
+    const std::weak_ptr<int> seen = held;
+    std::shared_ptr<RepeatingTimer> timer;
+    int found = 0;
+    timer = scheduler.repeat(interval, [&timer, &found, held = std::move(held)] {
+        timer->invalidate();
+        found = *held;
+    });
+    EXPECT_TRUE(eventually([&] { return found == 7; }));
+    EXPECT_TRUE(eventually([&] { return seen.expired(); }));
+}
+
 TEST_F(QtSchedulerTest, NoFiringComesBeforeItsPointOfTheGridAndNoPointFiresTwice)
 {
     const auto timer = record();
