@@ -15,10 +15,15 @@ class AnimatedStatusIcon
 {
 public:
     AnimatedStatusIcon();
+    AnimatedStatusIcon(const AnimatedStatusIcon &) =
+        default; // and no other way to move it: it has an icon always
+    AnimatedStatusIcon &operator=(const AnimatedStatusIcon &) = default;
+    ~AnimatedStatusIcon() = default;
 
     // Shows the next frame every 60 / bpm / frames.size() seconds, the first one after the first such
-    // interval; what was played before is stopped. `bpm` is above 0; with one that is not, a frame is due
-    // every 0.0001 s. Without frames the interval has no end, and a tick would stop the process.
+    // interval; what was played before is stopped. `bpm` is above 0: at 0 no frame is ever due, at one below
+    // or one that is not a number a frame is due every 0.0001 s. Nor is one due without frames, unless `bpm`
+    // is below 0 or not a number: then the first tick stops the process.
     void startAnimation(std::shared_ptr<platform::StatusItem> statusItem,
                         std::vector<platform::TemplateImage> frames, double bpm = 60.0);
 

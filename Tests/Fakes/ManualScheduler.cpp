@@ -9,7 +9,9 @@ std::shared_ptr<platform::RepeatingTimer> ManualScheduler::repeat(platform::Seco
                                                                   Callback callback)
 {
     auto handle = std::make_shared<Handle>();
-    entries_.push_back({elapsed_, interval, 1, std::move(callback), handle});
+    constexpr platform::Seconds shortest{0.0001};
+    entries_.push_back(
+        {elapsed_, interval > platform::Seconds(0) ? interval : shortest, 1, std::move(callback), handle});
     return handle;
 }
 

@@ -111,6 +111,25 @@ TEST_F(AnimatedStatusIconTest, StartsAgainAtANewRate)
     EXPECT_EQ(shownWidths(), (Widths{1, 2, 1}));
 }
 
+TEST_F(AnimatedStatusIconTest, AtNoRateAtAllNoFrameIsEverDue)
+{
+    start(0);
+    EXPECT_TRUE(icon.isAnimating());
+    advance(1e6);
+    EXPECT_EQ(icon.frameIndex(), 0);
+}
+
+TEST_F(AnimatedStatusIconTest, AtARateThatIsNoneAFrameIsDueAllTheTime)
+{
+    for (const double bpm :
+         {-60.0, -std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity(),
+          std::numeric_limits<double>::quiet_NaN()}) {
+        start(bpm);
+        advance(0.00105);
+        EXPECT_EQ(icon.frameIndex(), 10) << bpm;
+    }
+}
+
 TEST_F(AnimatedStatusIconTest, CountsTheTicksOfAnItemWithoutAButton)
 {
     item->hasButton = false;
