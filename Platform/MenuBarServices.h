@@ -30,7 +30,7 @@ public:
     // last one does not end it. False, and nothing done, where there is no application object.
     [[nodiscard]] virtual bool becomeAccessory() = 0;
 
-    // An item without a picture at first. Where the desktop has no panels, one without a button.
+    // An item without a picture at first. Where there is no session bus, one without a button.
     [[nodiscard]] virtual std::shared_ptr<StatusItem> makeStatusItem(const StatusItemIdentity &identity) = 0;
 
     // An image of `side` × `side` points with the system symbol of that name, which fills `place` and is
@@ -38,6 +38,9 @@ public:
     // above 0, or above 1000, gives an image of that size without any representation.
     [[nodiscard]] virtual TemplateImage drawSymbol(std::string_view name, double side,
                                                    const ImageSquare &place) = 0;
+
+    // Whether what is transparent in a window shows what is behind it. It may change while the program runs.
+    [[nodiscard]] virtual bool blendsWindows() = 0;
 
     [[nodiscard]] virtual Scheduler &scheduler() = 0;
 

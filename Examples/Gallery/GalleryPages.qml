@@ -3,8 +3,8 @@ import QtQuick.Layouts
 import StirraGallery
 import Toolkit
 
-// The pages of all components, one of which is chosen at the leading edge. A page is made when it is first shown, and
-// then stays as it was left.
+// The pages of all components, one of which is chosen at the leading edge, by its symbol alone where a popover would have
+// no room beside the names. A page is made when it is first shown, and then stays as it was left.
 HStack {
     id: root
 
@@ -38,6 +38,7 @@ HStack {
             symbol: "gauge"
         }
     ]
+    readonly property bool isNarrow: width < 320 + 121
     readonly property int current: Math.max(0, pages.findIndex(page => page.name === GallerySettings.page))
 
     spacing: 0
@@ -46,7 +47,7 @@ HStack {
         spacing: 2
         Accessible.role: Accessible.PageTabList
         Layout.fillWidth: false
-        Layout.preferredWidth: 112
+        Layout.preferredWidth: root.isNarrow ? 32 : 112
         Layout.alignment: Qt.AlignTop
         Layout.margins: 4
 
@@ -61,6 +62,7 @@ HStack {
                 text: root.titleOf(modelData.name)
                 symbol: modelData.symbol
                 isCurrent: index === root.current
+                isTextShown: !root.isNarrow
                 onClicked: GallerySettings.page = modelData.name
                 Layout.fillWidth: true
             }

@@ -7,9 +7,6 @@ AppLaunchContainer {
     readonly property PreferredAppearance appearance: PreferredAppearance {
     }
 
-    readonly property HeartMenu menu: HeartMenu {
-    }
-
     appTitle: "Gallery"
     settingsExtra: GallerySettingsView {
         Layout.fillWidth: true

@@ -8,6 +8,7 @@ PlainButton {
 
     required property string symbol
     required property bool isCurrent
+    property bool isTextShown: true
 
     implicitWidth: row.implicitWidth + 2 * 8
     implicitHeight: 26
@@ -44,6 +45,7 @@ PlainButton {
         }
 
         ShrinkingLabel {
+            visible: root.isTextShown
             text: root.text
             horizontalAlignment: Text.AlignLeft
             color: root.isCurrent ? "white" : SystemStyle.label

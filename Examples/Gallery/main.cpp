@@ -1,13 +1,9 @@
-#include "SharedUI/AppLaunchContainer/FamilyApplication.h"
-#include "SharedUI/AppLaunchContainer/LaunchWindowController.h"
-#include "SharedUI/AppLaunchContainer/QmlView.h"
+#include "Examples/Gallery/GalleryDelegate.h"
 
 int main(int argc, char **argv)
 {
     const platform::ApplicationNames names{QStringLiteral("stirra-gallery"), QStringLiteral("Gallery"),
                                            QStringLiteral("org.stirra.Gallery")};
-    return sharedui::runFamilyApplication(argc, argv, names, [] {
-        sharedui::LaunchWindowController::shared().present(QStringLiteral("Gallery"),
-                                                           sharedui::qmlView("StirraGallery", "GalleryView"));
-    });
+    return platform::runApplication(argc, argv, names,
+                                    [] { return std::make_unique<gallery::GalleryDelegate>(); });
 }

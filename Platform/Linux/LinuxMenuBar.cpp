@@ -1,5 +1,6 @@
 // What shows a program in the panel of a Linux desktop.
 #include "Platform/Linux/StatusNotifier/NotifierStatusItem.h"
+#include "Platform/Linux/X11/XCompositing.h"
 #include "Platform/MenuBarServices.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtTemplateImage.h"
@@ -40,6 +41,11 @@ public:
     TemplateImage drawSymbol(std::string_view name, double side, const ImageSquare &place) override
     {
         return drawSymbolTemplate(QString::fromUtf8(name), side, place);
+    }
+
+    bool blendsWindows() override
+    {
+        return QGuiApplication::platformName() != QLatin1String("xcb") || isXComposited();
     }
 
     Scheduler &scheduler() override { return Platform::current().scheduler(); }

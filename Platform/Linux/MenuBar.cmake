@@ -14,5 +14,6 @@ target_sources(PlatformMenuBar PRIVATE
   Linux/StatusNotifier/NotifierStatusItem.cpp Linux/StatusNotifier/NotifierStatusItem.h
   Linux/StatusNotifier/PanelTint.cpp Linux/StatusNotifier/PanelTint.h
   Linux/StatusNotifier/PanelWatch.cpp Linux/StatusNotifier/PanelWatch.h
+  Linux/X11/XCompositing.cpp Linux/X11/XCompositing.h
 )
 target_link_libraries(PlatformMenuBar PRIVATE PkgConfig::SYSTEMD)

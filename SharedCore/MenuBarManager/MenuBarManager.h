@@ -10,8 +10,9 @@ namespace sharedcore {
 
 // Turns the program into one that is in the menu bar only. Call it once at launch, before any window is
 // shown, on the main thread. On X11 its windows leave the task bar and the pager, and closing the last one
-// does not end it; on Wayland, where the compositor decides what it lists, they stay. Where there is no
-// application object the process stops.
+// does not end it; on Wayland, where the compositor decides what it lists, they stay. What makes the
+// program a regular one, as presenting a launch window does, lists it again. Where there is no application
+// object the process stops.
 void configureAsMenuBarOnlyApp();
 
 // The frames of a heart that swells to 120 % of the image and shrinks to 80 % in one round: `count` template

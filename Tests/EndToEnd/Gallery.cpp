@@ -20,9 +20,9 @@ QProcessEnvironment withAccessibility(QProcessEnvironment environment)
 
 } // namespace
 
-Gallery::Gallery(Desktop &desktop)
+Gallery::Gallery(Desktop &desktop, const QStringList &arguments)
     : desktop_(desktop)
-    , process_(QStringLiteral(GALLERY_PROGRAM), {}, withAccessibility(desktop.environment()))
+    , process_(QStringLiteral(GALLERY_PROGRAM), arguments, withAccessibility(desktop.environment()))
     , tree_(desktop.accessibility(), process_.pid())
     , user_(desktop.x())
 {}

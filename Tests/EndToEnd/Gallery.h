@@ -18,7 +18,7 @@ class Gallery
 {
 public:
     // Starts the program; it needs some time to come up.
-    explicit Gallery(Desktop &desktop);
+    explicit Gallery(Desktop &desktop, const QStringList &arguments = {});
 
     [[nodiscard]] testsupport::ChildProcess &process() { return process_; }
     [[nodiscard]] const testsupport::XUser &user() const { return user_; }
@@ -38,6 +38,8 @@ public:
 
     // Clicks on the control, once it stands still.
     void click(const char *name, const char *role) { user_.click(place(name, role).center()); }
+    // Where the control is, once it stands still.
+    [[nodiscard]] QRect place(const char *name, const char *role);
     // From another page, or from the other tab.
     void showPage(const char *page);
 
@@ -45,8 +47,6 @@ public:
     [[nodiscard]] int groundLightness() const;
 
 private:
-    [[nodiscard]] QRect place(const char *name, const char *role);
-
     Desktop &desktop_;
     testsupport::ChildProcess process_;
     testsupport::AccessibleProgram tree_;

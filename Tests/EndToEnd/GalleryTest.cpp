@@ -59,7 +59,9 @@ TEST_F(GalleryTest, HasAPageForEveryComponentWithItsFields)
              {"Button", {"AnimatedButton", "Get started", "Title", "Icon", "Clicked 0 times"}},
              {"Badge", {"StatusBadge", "Running", "Processing", "Text"}},
              {"Card",
-              {"ModernCardView", "Corner radius", "Blur radius", "Opacity", "Shadow radius", "Border"}}}) {
+              {"ModernCardView", "Corner radius", "Blur radius", "Opacity", "Shadow radius", "Border"}},
+             {"Menu",
+              {"MenuComponents", "Heart rate", "Beating", "Frames a second", "Show Gallery", "Ctrl+Q"}}}) {
         gallery->click(page, "page tab");
         for (const auto *text : texts) {
             EXPECT_TRUE(gallery->comesToShow(text)) << page << ' ' << text;

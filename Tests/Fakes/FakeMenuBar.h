@@ -53,6 +53,7 @@ public:
         return {side, side, {}};
     }
 
+    bool blendsWindows() override { return false; }
     ManualScheduler &scheduler() override { return scheduler_; }
 
     bool hasApplication = true;

@@ -43,6 +43,13 @@ std::vector<xcb_window_t> mappedWindows(const XClient &x)
     return windows;
 }
 
+std::vector<xcb_window_t> mappedWindowsTitled(const XClient &x, const QString &title)
+{
+    auto windows = mappedWindows(x);
+    std::erase_if(windows, [&](xcb_window_t window) { return titleOf(x, window) != title; });
+    return windows;
+}
+
 QString titleOf(const XClient &x, xcb_window_t window)
 {
     const auto title = x.bytes(window, "_NET_WM_NAME");
@@ -81,6 +88,16 @@ bool isViewable(const XClient &x, xcb_window_t window)
     const auto reply =
         xAnswer(xcb_get_window_attributes_reply, x.get(), xcb_get_window_attributes(x.get(), window));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool isPointerTaken(const XClient &x)
+{
+    const auto reply = xAnswer(xcb_grab_pointer_reply, x.get(),
+                               xcb_grab_pointer(x.get(), 0, x.root(), 0, XCB_GRAB_MODE_ASYNC,
+                                                XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME));
+    xcb_ungrab_pointer(x.get(), XCB_CURRENT_TIME);
+    x.sync();
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
 xcb_window_t activeWindow(const XClient &x)

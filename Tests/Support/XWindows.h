@@ -13,6 +13,8 @@ namespace testsupport {
 [[nodiscard]] std::vector<xcb_window_t> windowsTitled(const XClient &x, const QString &title);
 // Every window that lies on the root window and is mapped, menus and pop-ups too.
 [[nodiscard]] std::vector<xcb_window_t> mappedWindows(const XClient &x);
+// Those of them with exactly this title.
+[[nodiscard]] std::vector<xcb_window_t> mappedWindowsTitled(const XClient &x, const QString &title);
 [[nodiscard]] QString titleOf(const XClient &x, xcb_window_t window);
 
 // The window's client area on the root window, without the frame; the frame's widths.
@@ -22,6 +24,9 @@ namespace testsupport {
 [[nodiscard]] QSize smallestSize(const XClient &x, xcb_window_t window);
 // Whether it is mapped and so are all its parents.
 [[nodiscard]] bool isViewable(const XClient &x, xcb_window_t window);
+
+// Whether a program has the pointer to itself, as one with an open menu does, or a button is held.
+[[nodiscard]] bool isPointerTaken(const XClient &x);
 
 [[nodiscard]] xcb_window_t activeWindow(const XClient &x);
 [[nodiscard]] pid_t processOf(const XClient &x, xcb_window_t window);

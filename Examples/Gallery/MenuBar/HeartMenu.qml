@@ -2,41 +2,43 @@ import QtQuick
 import StirraGallery
 import Toolkit
 
-// The gallery in the panel: the heart, and the popover under it. The popover closes by its button, by Escape, and when the
-// user turns to anything else.
+// The gallery in the panel: the heart, where the user wants it, and the popover under it.
 QtObject {
     id: root
 
-    readonly property HeartItem heart: HeartItem {
-        isShown: GallerySettings.isInMenuBar
-        onClicked: (place, token) => root.toggle(place, token)
+    required property bool isWanted // whatever the settings say
+
+    readonly property Binding shown: Binding {
+        target: Heart
+        property: "isShown"
+        value: root.isWanted || GallerySettings.isInMenuBar
     }
 
-    readonly property Window popover: Window {
-        objectName: "popover"
-        title: "Heart"
-        flags: root.heart.placesWindows() ? Qt.Tool | Qt.FramelessWindowHint : Qt.Dialog
-        transientParent: null
-        width: content.implicitWidth
-        height: content.implicitHeight
-        color: SystemStyle.windowBackground
-        onActiveChanged: if (!active)
-            close()
+    readonly property Connections clicks: Connections {
+        target: Heart
 
-        HeartPopover {
-            id: content
-
-            heart: root.heart
-            focus: true
-            onClose: root.popover.close()
-            Keys.onEscapePressed: root.popover.close()
+        function onClicked(place: point, token: string): void {
+            if (root.popover.visible)
+                root.popover.close();
+            else
+                root.popover.open(place, token);
         }
     }
 
-    function toggle(place: point, token: string): void {
-        if (popover.visible)
-            popover.close();
-        else
-            heart.openPopover(popover, place, token);
+    readonly property PopoverWindow popover: PopoverWindow {
+        title: "Heart"
+        content: HeartPopover {
+            fillsWindow: !root.popover.hasShadow
+            onClose: root.popover.close()
+        }
+
+        // What tells it from whatever is behind it.
+        Rectangle {
+            anchors.fill: parent
+            visible: root.popover.isHanging && !root.popover.hasShadow
+            z: 1
+            color: "transparent"
+            border.color: SystemStyle.separator
+        }
     }
 }

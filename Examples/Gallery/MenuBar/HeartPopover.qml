@@ -8,8 +8,6 @@ import Toolkit
 MenuPopoverContainer {
     id: root
 
-    required property HeartItem heart
-
     title: "Heart"
 
     HStack {
@@ -18,24 +16,22 @@ MenuPopoverContainer {
 
         StatColumn {
             icon: "heart.fill"
-            value: Math.round(root.heart.bpm)
+            value: Math.round(Heart.bpm)
             label: "beats a minute"
             Layout.fillWidth: true
-            Layout.maximumWidth: root.width
         }
 
         StatColumn {
             icon: "timer"
-            value: (60 / root.heart.bpm).toFixed(2)
+            value: NumberText.formatted("%.2f", 60 / Heart.bpm)
             label: "seconds a beat"
             Layout.fillWidth: true
-            Layout.maximumWidth: root.width
         }
 
         MenuBarIconView {
             icon: "heart.fill"
-            isActive: root.heart.isBeating
-            badge: root.heart.isBeating ? 8 : 0
+            isActive: Heart.isBeating
+            badge: Heart.isBeating ? 8 : 0
             color: SystemStyle.red
             Layout.alignment: Qt.AlignVCenter
             Layout.rightMargin: 6
@@ -45,24 +41,24 @@ MenuPopoverContainer {
     SliderRow {
         icon: "heart.fill"
         title: "Heart rate"
-        value: root.heart.bpm
+        value: Heart.bpm
         range: [30, 180]
         step: 5
-        onMoved: wanted => root.heart.bpm = wanted
+        onMoved: wanted => Heart.bpm = wanted
     }
 
     SettingsRow {
         icon: "play.fill"
         title: "Beating"
         subtitle: "The icon stands still otherwise"
-        isOn: root.heart.isBeating
-        onToggled: wanted => root.heart.isBeating = wanted
+        isOn: Heart.isBeating
+        onToggled: wanted => Heart.isBeating = wanted
     }
 
     StatRow {
         icon: "number"
         label: "Frames a second"
-        value: (8 * root.heart.bpm / 60).toFixed(1)
+        value: NumberText.formatted("%.1f", 8 * Heart.bpm / 60)
     }
 
     Divider {
@@ -72,7 +68,7 @@ MenuPopoverContainer {
         icon: "rectangle.on.rectangle"
         title: "Show Gallery"
         color: SystemStyle.blue
-        action: () => root.heart.openWindow()
+        action: () => Heart.galleryWanted()
     }
 
     HStack {

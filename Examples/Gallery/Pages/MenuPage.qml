@@ -3,18 +3,20 @@ import QtQuick.Layouts
 import StirraGallery
 import Toolkit
 
-// The components of popovers, and the switch that puts the heart into the desktop's panel.
+// The components of popovers, around the heart in the desktop's panel, and the switch that puts it there.
 ComponentPage {
     id: page
 
+    property int closes: 0
+
     title: "MenuComponents"
-    stageHeight: popover.implicitHeight + 40
+    stageHeight: 20 + popover.implicitHeight + 70 // what its shadow needs
     stage: HeartPopover {
         id: popover
 
-        anchors.centerIn: parent
-        heart: HeartItem {
-        }
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 20
+        onClose: page.closes += 1
     }
 
     Switch {
@@ -22,5 +24,10 @@ ComponentPage {
         isOn: GallerySettings.isInMenuBar
         onToggled: wanted => GallerySettings.isInMenuBar = wanted
         Layout.fillWidth: true
+    }
+
+    Label {
+        text: page.closes === 1 ? "Closed once" : `Closed ${page.closes} times`
+        color: SystemStyle.secondaryLabel
     }
 }
