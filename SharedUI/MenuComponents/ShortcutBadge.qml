@@ -13,7 +13,7 @@ HStack {
     LayoutMirroring.enabled: false
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.StaticText
-    Accessible.name: keys.join("+")
+    Accessible.name: Array.from(keys).join("+")
 
     Repeater {
         model: root.keys.length

@@ -7,15 +7,18 @@
 #include <QGuiApplication>
 #include <QPointer>
 
+#include <utility>
+
 namespace gallery {
 
 namespace {
 
 constexpr QMargins shadow(60, 50, 60, 70); // how far that of MenuPopoverContainer reaches
 
-// Another program may hold the pointer still: the panel, for as long as its icon is pressed.
-constexpr int grabAttempts = 100;
-constexpr platform::Seconds untilNextAttempt{0.05};
+// Another program may hold the pointer still: the panel, for as long as its icon is pressed. The toolkit
+// takes that refusal for a success, so it is asked for more than once.
+constexpr int grabs = 40;
+constexpr platform::Seconds untilNextGrab{0.05};
 
 // No pop-up to the toolkit, which leaves those out of what assistive technology sees.
 Qt::WindowFlags flagsOf(bool isHanging)
@@ -94,22 +97,24 @@ void PopoverWindow::open(const QPoint &place, const QString &activationToken)
 void PopoverWindow::exposeEvent(QExposeEvent *event)
 {
     QQuickWindow::exposeEvent(event);
-    if (isHanging_ && isExposed() && !hasInput_) {
-        takeInput(grabAttempts);
+    if (isHanging_ && isExposed() && !std::exchange(hasInput_, true)) {
+        takeInput(grabs);
     }
 }
 
-void PopoverWindow::takeInput(int attempts)
+void PopoverWindow::takeInput(int times)
 {
-    hasInput_ = isVisible() && setKeyboardGrabEnabled(true) && setMouseGrabEnabled(true);
-    if (isVisible() && !hasInput_ && attempts > 1) {
-        const auto again = [self = QPointer(this), attempts] {
-            if (self) {
-                self->takeInput(attempts - 1);
-            }
-        };
-        platform::Platform::current().scheduler().after(untilNextAttempt, again);
+    if (times == 0 || !isVisible()) {
+        return;
     }
+    setKeyboardGrabEnabled(true);
+    setMouseGrabEnabled(true);
+    const auto again = [self = QPointer(this), times] {
+        if (self) {
+            self->takeInput(times - 1);
+        }
+    };
+    platform::Platform::current().scheduler().after(untilNextGrab, again);
 }
 
 void PopoverWindow::hideEvent(QHideEvent *event)

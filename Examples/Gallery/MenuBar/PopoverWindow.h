@@ -50,7 +50,7 @@ private:
     [[nodiscard]] QMargins room() const;
     void fit();
     void setShadow(bool hasShadow);
-    void takeInput(int attempts);
+    void takeInput(int times);
 
     toolkit::SystemStyle style_;
     QQuickItem *content_ = nullptr;
