@@ -38,6 +38,14 @@ bool PanelDesktopTest::heartAppears() const
     return eventually([this] { return !heart().isEmpty(); }, std::chrono::seconds(30));
 }
 
+void PanelDesktopTest::restartPanel()
+{
+    panel.reset();
+    ASSERT_TRUE(eventually([this] { return heart().isEmpty(); }));
+    panel = std::make_unique<StatusPanel>(desktop.runtime());
+    ASSERT_TRUE(heartAppears());
+}
+
 bool PanelDesktopTest::beats() const
 {
     const QRect corner(0, 0, 60, StatusPanel::height);
@@ -58,7 +66,9 @@ QRect PanelDesktopTest::popoverArea() const
 
 void PanelDesktopTest::openPopover()
 {
-    gallery->user().click(heart().center());
+    QRect place;
+    ASSERT_TRUE(eventually([&] { return !(place = heart()).isEmpty(); }));
+    gallery->user().click(place.center());
     ASSERT_TRUE(eventually([this] { return popovers().size() == 1; }));
     ASSERT_TRUE(eventually([this] { return isPointerTaken(desktop.x()); }));
 }
@@ -82,10 +92,7 @@ void GalleryPanelTest::SetUp()
 
 TEST_F(GalleryPanelTest, TheHeartComesBackWithThePanelAndWithTheProgramAndGoesWithTheSwitch)
 {
-    panel.reset();
-    ASSERT_TRUE(eventually([this] { return heart().isEmpty(); }));
-    panel = std::make_unique<StatusPanel>(desktop.runtime());
-    EXPECT_TRUE(heartAppears());
+    restartPanel();
     gallery.reset();
     ASSERT_TRUE(eventually([this] { return heart().isEmpty(); }));
     gallery = std::make_unique<Gallery>(desktop);

@@ -16,6 +16,8 @@ protected:
     // no heart of the right size.
     [[nodiscard]] QRect heart() const;
     [[nodiscard]] bool heartAppears() const;
+    // Where a compositor comes or goes the panel makes its window anew, and takes no click for a while.
+    void restartPanel();
     // Whether the heart becomes another picture within two seconds.
     [[nodiscard]] bool beats() const;
 

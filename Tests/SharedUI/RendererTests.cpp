@@ -113,7 +113,7 @@ TEST_P(RendererScaleTest, LooksTheSameWithAndWithoutOpenGL)
               90);
 }
 
-INSTANTIATE_TEST_SUITE_P(ScaleFactors, RendererScaleTest, testing::Values("1", "1.5", "2"));
+INSTANTIATE_TEST_SUITE_P(ScaleFactors, RendererScaleTest, testing::Values("1", "2"));
 
 TEST_F(RendererTest, DrawsStemsAsTheUserWantsThem)
 {
