@@ -16,7 +16,11 @@ AppearanceValues preferred(const AppearancePreferences &preferences, AppearanceV
 
 void Appearance::setValues(const AppearanceValues &values)
 {
+    if (values == desktop_) {
+        return;
+    }
     desktop_ = values;
+    Q_EMIT desktopChanged();
     update();
 }
 

@@ -38,6 +38,8 @@ public:
     using QObject::QObject;
 
     [[nodiscard]] const AppearanceValues &values() const { return values_; }
+    // The same without what the program prefers: what surrounds its windows looks so.
+    [[nodiscard]] const AppearanceValues &desktopValues() const { return desktop_; }
 
     // Waits until the desktop's first answer has come or is overdue, at most 0.1 s after construction: a
     // first frame in the wrong appearance would flash.
@@ -49,6 +51,8 @@ public:
 Q_SIGNALS:
     // After values() changed.
     void changed();
+    // After desktopValues() changed.
+    void desktopChanged();
 
 protected:
     // What the desktop says.

@@ -13,8 +13,8 @@ QByteArray coloured(QByteArray drawing, const QColor &color, double weight)
 {
     auto paint = "fill=\"" + color.name().toLatin1() + '"';
     if (weight > 0) {
-        paint += " stroke=\"" + color.name().toLatin1() + "\" stroke-width=\"" + QByteArray::number(weight) +
-                 "\" stroke-linejoin=\"round\"";
+        paint += R"( stroke-linejoin="round" stroke=")" + color.name().toLatin1() + R"(" stroke-width=")" +
+                 QByteArray::number(weight) + '"';
     }
     return drawing.replace("fill=\"currentColor\"", paint);
 }

@@ -55,7 +55,8 @@ protected:
         if (hasInput) {
             pointer = window->input().events(Kind::pointerEnter).back();
         }
-        return hasInput;
+        // Whoever has waited for the program may have found the session idle, which the pointer has ended.
+        return hasInput && eventually([this] { return !idle->isIdle(); });
     }
 
     // Waits for the next action: the session is idle before, and not after it. What the window got of it,

@@ -89,7 +89,7 @@ bool areSecretsOnTheBus()
            variable("SNAP_NAME").empty();
 }
 
-BusConnection connectToBus(TimedCalls &calls)
+SecretBusConnection connectToBus(TimedCalls &calls)
 {
     if (!isThereABus()) {
         return nullptr;
@@ -97,7 +97,7 @@ BusConnection connectToBus(TimedCalls &calls)
     const auto result = calls.run([](GCancellable *cancellable, GAsyncReadyCallback done, gpointer data) {
         g_bus_get(G_BUS_TYPE_SESSION, cancellable, done, data);
     });
-    BusConnection bus(result ? g_bus_get_finish(result.get(), nullptr) : nullptr);
+    SecretBusConnection bus(result ? g_bus_get_finish(result.get(), nullptr) : nullptr);
     if (bus) {
         g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     }

@@ -11,12 +11,12 @@ using SecretAttributes = GlibPointer<GHashTable>;
 // in a sandbox that has them so.
 bool areSecretsOnTheBus();
 
-using BusConnection = GlibPointer<GDBusConnection>;
+using SecretBusConnection = GlibPointer<GDBusConnection>;
 
 // The session bus, where there is one and it answers; its end does not end this process. To be held as long
 // as the service is asked: a connection that nobody holds is closed, and the next one would be another, which
 // is waited for without a limit, and whose end ends the process.
-[[nodiscard]] BusConnection connectToBus(TimedCalls &calls);
+[[nodiscard]] SecretBusConnection connectToBus(TimedCalls &calls);
 
 // Whether there is a screen on which the user could be asked.
 bool canSomebodyBeAsked();

@@ -121,7 +121,7 @@ std::string_view bytesOf(const SecretValuePointer &value)
 struct Way
 {
     bool isOpen = false;
-    BusConnection bus; // where the way is over the bus
+    SecretBusConnection bus; // where the way is over the bus
 };
 
 // Whether the service can be asked about the item; it has time for the user's answer where it needs one.

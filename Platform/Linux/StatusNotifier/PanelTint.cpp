@@ -11,7 +11,7 @@ constexpr int inkOpacity = 0xD9;
 PanelTint::PanelTint(const Appearance &appearance)
     : appearance_(appearance)
 {
-    connect(&appearance, &Appearance::changed, this, &PanelTint::changed);
+    connect(&appearance, &Appearance::desktopChanged, this, &PanelTint::changed);
 }
 
 void PanelTint::follow(BusConnection &bus)
@@ -22,7 +22,7 @@ void PanelTint::follow(BusConnection &bus)
 
 QColor PanelTint::ink() const
 {
-    const int tone = isShellThere_ || appearance_.values().isDark ? 255 : 0;
+    const int tone = isShellThere_ || appearance_.desktopValues().isDark ? 255 : 0;
     return {tone, tone, tone, inkOpacity};
 }
 

@@ -163,13 +163,25 @@ TEST_F(StatusItemTest, IsTintedAsTheDesktopLooks)
     ASSERT_TRUE(eventually([&] { return seen->newIcons == 1; }));
     item->button()->setImage(image(255));
     EXPECT_EQ(pixel(*seen), std::pair(0xD9, 255));
-    EXPECT_EQ(seen->newIcons, 2);
+    EXPECT_TRUE(eventually([&] { return seen->newIcons == 2; }));
     platform.appearance().set({false, {}, {}, {}});
     EXPECT_EQ(pixel(*seen), std::pair(0xD9, 0));
-    EXPECT_EQ(seen->newIcons, 3);
+    EXPECT_TRUE(eventually([&] { return seen->newIcons == 3; }));
     platform.appearance().set({false, QColor(Qt::red), {}, {}}); // which changes nothing in the panel
     static_cast<void>(seen->property("Status"));
     EXPECT_EQ(seen->newIcons, 3);
+}
+
+TEST_F(StatusItemTest, IsTintedAsTheDesktopLooksWhateverTheProgramPrefers)
+{
+    const auto watcher = startWatcher();
+    const auto seen = showItem(*watcher);
+    item->button()->setImage(image(255));
+    platform.appearance().prefer({.isDark = true});
+    EXPECT_EQ(pixel(*seen), std::pair(0xD9, 0));
+    platform.appearance().set({true, {}, {}, {}});
+    platform.appearance().prefer({.isDark = false});
+    EXPECT_EQ(pixel(*seen), std::pair(0xD9, 255));
 }
 
 TEST_F(StatusItemTest, IsLightOnTheBarThatIsAlwaysDark)
