@@ -19,7 +19,7 @@ namespace platform {
 namespace {
 
 constexpr auto service = "org.freedesktop.portal.Desktop";
-constexpr auto path = "/org/freedesktop/portal/desktop";
+constexpr auto portalPath = "/org/freedesktop/portal/desktop";
 constexpr auto interface = "org.freedesktop.portal.Settings";
 
 constexpr auto appearanceGroup = "org.freedesktop.appearance";
@@ -103,7 +103,7 @@ PortalAppearance::~PortalAppearance() = default;
 void PortalAppearance::followPortal()
 {
     auto bus = QDBusConnection::sessionBus();
-    bus.connect(text(service), text(path), text(interface), text("SettingChanged"), this,
+    bus.connect(text(service), text(portalPath), text(interface), text("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto *watcher =
         new QDBusServiceWatcher(text(service), bus, QDBusServiceWatcher::WatchForRegistration, this);
@@ -112,7 +112,8 @@ void PortalAppearance::followPortal()
 
 void PortalAppearance::readAll(int timeoutMilliseconds)
 {
-    auto call = QDBusMessage::createMethodCall(text(service), text(path), text(interface), text("ReadAll"));
+    auto call =
+        QDBusMessage::createMethodCall(text(service), text(portalPath), text(interface), text("ReadAll"));
     call << appearanceGroups();
     const auto pending = QDBusConnection::sessionBus().asyncCall(call, timeoutMilliseconds);
     pendingAnswer_ = std::make_unique<QDBusPendingCallWatcher>(pending);

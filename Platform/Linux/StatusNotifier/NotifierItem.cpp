@@ -11,7 +11,7 @@ namespace platform {
 
 namespace {
 
-constexpr auto path = "/StatusNotifierItem";
+constexpr auto itemPath = "/StatusNotifierItem";
 constexpr auto interface = "org.kde.StatusNotifierItem";
 constexpr auto pixmapsType = "a(iiay)";
 
@@ -86,12 +86,12 @@ NotifierItem::NotifierItem(StatusItemIdentity identity)
 
 BusSlot NotifierItem::exportOn(BusConnection &bus)
 {
-    return bus.exportObject(path, interface, table.data(), this);
+    return bus.exportObject(itemPath, interface, table.data(), this);
 }
 
 void NotifierItem::announceIcon(BusConnection &bus)
 {
-    bus.send(bus.newSignal(path, interface, "NewIcon").get());
+    bus.send(bus.newSignal(itemPath, interface, "NewIcon").get());
 }
 
 void NotifierItem::menu(BusWriter &value) const
