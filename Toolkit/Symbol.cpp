@@ -51,7 +51,6 @@ Symbol::Symbol(QQuickItem *parent)
     setFlag(ItemHasContents);
     setSmooth(false);
     connect(this, &QQuickItem::smoothChanged, this, &Symbol::redraw);
-    connect(this, &QQuickItem::windowChanged, this, &Symbol::followWindow);
     setSymbolSize(size_);
     const auto side = std::round(size_ * sidePerTextSize);
     setImplicitSize(side, side);
@@ -109,6 +108,8 @@ void Symbol::itemChange(ItemChange change, const ItemChangeData &value)
 {
     if (change == ItemDevicePixelRatioHasChanged) {
         redraw();
+    } else if (change == ItemSceneChange) {
+        followWindow(value.window);
     }
     QQuickItem::itemChange(change, value);
 }

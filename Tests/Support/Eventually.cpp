@@ -2,33 +2,40 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <thread>
 
 namespace testsupport {
 
 namespace {
 
-constexpr std::chrono::milliseconds pause(2);
+using Clock = std::chrono::steady_clock;
 
-void rest()
+constexpr Clock::duration shortestPause = std::chrono::milliseconds(2);
+constexpr Clock::duration longestPause = std::chrono::milliseconds(10);
+
+// Many questions are work, for whoever is asked too, and other tests want the processor: who has waited for
+// long may wait a little longer.
+void rest(Clock::duration waited)
 {
     if (QCoreApplication::instance()) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
-    std::this_thread::sleep_for(pause);
+    std::this_thread::sleep_for(std::clamp(waited / 20, shortestPause, longestPause));
 }
 
 } // namespace
 
 bool eventually(const std::function<bool()> &predicate, std::chrono::milliseconds timeout)
 {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    const auto start = Clock::now();
     while (!predicate()) {
-        if (std::chrono::steady_clock::now() >= deadline) {
+        const auto waited = Clock::now() - start;
+        if (waited >= timeout) {
             return false;
         }
-        rest();
+        rest(waited);
     }
     return true;
 }
