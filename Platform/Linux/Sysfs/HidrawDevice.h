@@ -15,13 +15,13 @@ namespace platform {
 
 // Opened for reading only. The first report of a stream comes at once. When the next wake-up follows within
 // `restTime`, the stream is taken in every `restTime` from then on until it pauses: 4000 reports a second
-// cost 125 wake-ups, and a report is up to 8 ms old when it comes. One wake-up takes what the kernel keeps
+// cost 100 wake-ups, and a report is up to 10 ms old when it comes. One wake-up takes what the kernel keeps
 // for a reader (64 reports, HIDRAW_BUFFER_SIZE); the kernel drops what is sent beyond that, so that an
-// endless stream costs no more than 8000 reports a second do.
+// endless stream costs no more than 6400 reports a second do.
 class HidrawDevice final : public HidDevice
 {
 public:
-    static constexpr std::chrono::milliseconds restTime{8};
+    static constexpr std::chrono::milliseconds restTime{10};
     static constexpr int mostReportsAtOnce = 64;
 
     // `hasReportIds`: the first byte of a report is its number.
