@@ -105,8 +105,10 @@ TEST_F(ModernCardViewTest, ItsBorderStandsOnItsOutlineAndIsAGradient)
     const auto added = [&](double x, double y) {
         return colorAt(with, x, y).red() - colorAt(without, x, y).red();
     };
-    EXPECT_GT(added(62, 59.9), 15);
-    EXPECT_GT(added(62, 60.1), 15);
+    // At 1.5 the outline is in the middle of a pixel, which the border covers in part.
+    const int least = view.devicePixelRatio() == 1.5 ? 15 : 20;
+    EXPECT_GT(added(62, 59.9), least);
+    EXPECT_GT(added(62, 60.1), least);
     EXPECT_EQ(added(62, 58.5), 0);
     EXPECT_EQ(added(62, 61.5), 0);
     EXPECT_GT(added(62, 60.1), added(138, 139.9) + 5);
