@@ -11,30 +11,37 @@ HStack {
     readonly property var pages: [
         {
             name: "card",
+            title: "Card",
             symbol: "rectangle.on.rectangle"
         },
         {
             name: "background",
+            title: "Background",
             symbol: "paintpalette.fill"
         },
         {
             name: "button",
+            title: "Button",
             symbol: "play.fill"
         },
         {
             name: "badge",
+            title: "Badge",
             symbol: "checkmark.circle.fill"
         },
         {
             name: "menu",
+            title: "Menu",
             symbol: "heart.fill"
         },
         {
             name: "input",
+            title: "Input",
             symbol: "keyboard"
         },
         {
             name: "sensors",
+            title: "Sensors",
             symbol: "gauge"
         }
     ]
@@ -59,7 +66,7 @@ HStack {
                 required property int index
 
                 objectName: modelData.name
-                text: root.titleOf(modelData.name)
+                text: modelData.title
                 symbol: modelData.symbol
                 isCurrent: index === root.current
                 isTextShown: !root.isNarrow
@@ -87,16 +94,8 @@ HStack {
 
                 anchors.fill: parent
                 visible: isCurrent
-                source: isCurrent || status === Loader.Ready ? Qt.resolvedUrl(root.fileOf(modelData.name)) : ""
+                source: isCurrent || status === Loader.Ready ? Qt.resolvedUrl(`Pages/${modelData.title}Page.qml`) : ""
             }
         }
-    }
-
-    function titleOf(name: string): string {
-        return name.charAt(0).toUpperCase() + name.slice(1);
-    }
-
-    function fileOf(name: string): string {
-        return `Pages/${titleOf(name)}Page.qml`;
     }
 }
