@@ -43,7 +43,7 @@ set(STIRRA_WARNINGS
 if(STIRRA_WARNINGS_AS_ERRORS)
   list(APPEND STIRRA_WARNINGS -Werror)
 endif()
-if(STIRRA_SANITIZERS)
+if(STIRRA_SANITIZERS AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # What the sanitizers insert makes gcc 12 see uninitialised values in the standard library.
   list(APPEND STIRRA_WARNINGS -Wno-maybe-uninitialized)
 endif()

@@ -41,7 +41,7 @@ function(stirra_unite_sources_of target)
   endforeach()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
   # What is one file's own may have the name of what another includes.
-  target_compile_options(${target} PRIVATE -Wno-shadow -Wno-subobject-linkage)
+  target_compile_options(${target} PRIVATE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endfunction()
 
 # What Qt's tools generate is not held to the project's warnings. Compiled views are almost nothing but the same headers,

@@ -28,10 +28,10 @@ TEST(MainViewText, DropsWhatIsLeftOverOfAnInterval)
 
 TEST(MainViewTextDeathTest, AnIntervalThatIsNoNumberStopsTheProcess)
 {
-    EXPECT_DEATH(formatInterval(std::nan("")), "either infinite or NaN");
-    EXPECT_DEATH(formatInterval(HUGE_VAL), "either infinite or NaN");
-    EXPECT_DEATH(formatInterval(1e30), "greater than Int.max");
-    EXPECT_DEATH(formatInterval(-1e30), "less than Int.min");
+    EXPECT_DEATH(static_cast<void>(formatInterval(std::nan(""))), "either infinite or NaN");
+    EXPECT_DEATH(static_cast<void>(formatInterval(HUGE_VAL)), "either infinite or NaN");
+    EXPECT_DEATH(static_cast<void>(formatInterval(1e30)), "greater than Int.max");
+    EXPECT_DEATH(static_cast<void>(formatInterval(-1e30)), "less than Int.min");
 }
 
 TEST(MainViewText, HasASymbolForEveryMode)

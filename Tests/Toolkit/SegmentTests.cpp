@@ -133,7 +133,7 @@ TEST_F(SegmentedPickerTest, IsReachedWhereNothingIsChosen)
     EXPECT_EQ(focused(), QStringLiteral("S"));
     press(Qt::Key_Space);
     EXPECT_EQ(raised(), QStringLiteral("S"));
-    EXPECT_EQ(tags(shown), QVariantList({1}));
+    EXPECT_EQ(tags(shown), QVariantList{1});
 }
 
 TEST_F(SegmentedPickerTest, ShowsWhatItsOwnerSays)

@@ -6,6 +6,8 @@
 #include "SharedCore/PermissionsManager/SettingsLink.h"
 #include "Tests/Fakes/FakePermissions.h"
 
+#include <QCoreApplication>
+
 #include <gmock/gmock.h>
 
 #include <thread>
