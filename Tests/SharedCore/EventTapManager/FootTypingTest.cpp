@@ -1,11 +1,12 @@
 // Text that is typed on a Wayland compositor arrives whole in a terminal.
 
+#include "Tests/SharedCore/EventTapManager/FootTypingTest.h"
 #include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
 #include "Tests/Support/Eventually.h"
-#include "Tests/Support/Wayland/PrivateSway.h"
-#include "Tests/Support/Wayland/WaylandUser.h"
 
 #include <QFile>
+
+#include <gmock/gmock.h>
 
 namespace sharedcore {
 
@@ -23,60 +24,48 @@ constexpr std::uint32_t xKey = 45;
 
 } // namespace
 
-class FootTypingTest : public testing::Test
+void FootTypingTest::SetUp()
 {
-protected:
-    void SetUp() override
-    {
-        sway_ = std::make_unique<PrivateSway>(runtime_);
-        ASSERT_TRUE(sway_->isOpen());
-        const auto script = QStringLiteral("stty raw -echo && cat > '%1'").arg(file());
-        foot_ = std::make_unique<ChildProcess>(
-            QStringLiteral("foot"), QStringList{QStringLiteral("sh"), QStringLiteral("-c"), script},
-            runtime_.environment());
-        ASSERT_TRUE(eventually([this] { return QFile::exists(file()); }, std::chrono::seconds(30)))
-            << foot_->standardError().toStdString();
+    sway_ = std::make_unique<PrivateSway>(runtime_);
+    ASSERT_TRUE(sway_->isOpen());
+    const auto script = QStringLiteral("stty raw -echo && cat > '%1'").arg(file());
+    foot_ = std::make_unique<ChildProcess>(QStringLiteral("foot"),
+                                           QStringList{QStringLiteral("sh"), QStringLiteral("-c"), script},
+                                           runtime_.environment());
+    ASSERT_TRUE(eventually([this] { return QFile::exists(file()); }, std::chrono::seconds(30)))
+        << foot_->standardError().toStdString();
+}
+
+QByteArray FootTypingTest::typed() const
+{
+    QFile written(file());
+    return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray();
+}
+
+bool FootTypingTest::comesToHave(const QByteArray &text) const
+{
+    return eventually([&] { return typed().size() >= text.size(); });
+}
+
+bool FootTypingTest::takesKeysOf(WaylandUser &user) const
+{
+    const auto tries = [&] {
+        user.type(zKey);
+        return !typed().isEmpty();
+    };
+    if (!eventually(tries, std::chrono::seconds(30))) {
+        return false;
     }
+    // Another one, which arrives after all of these.
+    user.type(xKey);
+    return eventually([this] { return typed().endsWith('x'); }, std::chrono::seconds(30));
+}
 
-    [[nodiscard]] QString file() const { return runtime_.path(QStringLiteral("typed")); }
-
-    [[nodiscard]] QByteArray typed() const
-    {
-        QFile written(file());
-        return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray();
-    }
-
-    [[nodiscard]] bool comesToHave(const QByteArray &text) const
-    {
-        return eventually([&] { return typed().size() >= text.size(); });
-    }
-
-    // The terminal gets keys once it has drawn its window: until then the user tries. The last key is another
-    // one, and arrives after all of these.
-    [[nodiscard]] bool takesKeysOf(WaylandUser &user) const
-    {
-        const auto tries = [&] {
-            user.type(zKey);
-            return !typed().isEmpty();
-        };
-        if (!eventually(tries, std::chrono::seconds(30))) {
-            return false;
-        }
-        user.type(xKey);
-        return eventually([this] { return typed().endsWith('x'); }, std::chrono::seconds(30));
-    }
-
-    [[nodiscard]] int type(const QByteArray &text) const
-    {
-        ChildProcess typing(QStringLiteral(TYPING_PROGRAM), {QString::fromUtf8(text)},
-                            runtime_.environment());
-        return typing.waitForExit(std::chrono::seconds(60)).value_or(-1);
-    }
-
-    testsupport::PrivateRuntime runtime_;
-    std::unique_ptr<PrivateSway> sway_;
-    std::unique_ptr<ChildProcess> foot_;
-};
+int FootTypingTest::type(const QByteArray &text) const
+{
+    ChildProcess typing(QStringLiteral(TYPING_PROGRAM), {QString::fromUtf8(text)}, runtime_.environment());
+    return typing.waitForExit(std::chrono::seconds(60)).value_or(-1);
+}
 
 TEST_F(FootTypingTest, ATextArrivesWholeWithItsLinesAndTabs)
 {

@@ -1,6 +1,7 @@
 // Many texts, one after the other: not one character goes wrong. STIRRA_TEST_TYPING_RUNS says how many texts
 // of 200 characters each program gets (1).
 
+#include "Tests/SharedCore/EventTapManager/FootTypingTest.h"
 #include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
 
 #include <random>
@@ -10,6 +11,7 @@ namespace sharedcore {
 namespace {
 
 using testing::Eq;
+using testsupport::WaylandUser;
 
 constexpr qsizetype charactersOfAText = 200;
 constexpr auto alphabet =
@@ -81,6 +83,23 @@ TEST_F(TypingStressTest, InATerminal)
         ASSERT_TRUE(terminalComesToHave(all)) << run;
         ASSERT_THAT(typedIntoTerminal(), Eq(all)) << run;
         ASSERT_EQ(keymap(), before) << run;
+    }
+}
+
+class WaylandTypingStressTest : public FootTypingTest
+{};
+
+TEST_F(WaylandTypingStressTest, InATerminal)
+{
+    WaylandUser user(sway_->display(), WaylandUser::keymapOfLayout("de"));
+    ASSERT_TRUE(takesKeysOf(user));
+    auto all = typed();
+    for (int run = 0; run < runs(); ++run) {
+        const auto text = textOf(3000 + static_cast<unsigned>(run));
+        all += text;
+        ASSERT_EQ(type(text), 0);
+        ASSERT_TRUE(comesToHave(all)) << run;
+        ASSERT_THAT(typed(), Eq(all)) << run;
     }
 }
 
