@@ -53,6 +53,11 @@ struct Backend
     std::unique_ptr<InputPoster> (*open)();
 };
 
+void PrintTo(const Backend &backend, std::ostream *stream)
+{
+    *stream << backend.name;
+}
+
 std::unique_ptr<InputPoster> openXtest()
 {
     Obstacle why;

@@ -49,6 +49,11 @@ struct Moment
     double seconds; // after the platform's clock has started
 };
 
+void PrintTo(const Moment &moment, std::ostream *stream)
+{
+    *stream << moment.size.width() << "x" << moment.size.height() << " after " << moment.seconds << " s";
+}
+
 class MeshGradientAccuracy : public MeshGradientBackgroundTest, public testing::WithParamInterface<Moment>
 {};
 

@@ -1,5 +1,7 @@
 #include "Tests/SharedUI/MeshGradientReference.h"
 
+#include <QPointF>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -24,18 +26,30 @@ struct Plane
 
 struct View
 {
+    View(const QSize &size, double time, const std::vector<QColor> &colorsOfBlobs)
+        : width(size.width())
+        , height(size.height())
+        , colors(colorsOfBlobs)
+    {
+        for (int i = 0; i < 4; ++i) {
+            centers[static_cast<std::size_t>(i)] = {
+                0.5 * width + std::cos(time + i * quarterTurn) * width * 0.3,
+                0.5 * height + std::sin(0.7 * time + i * quarterTurn) * height * 0.3};
+        }
+    }
+
     double width;
     double height;
-    double time;
     const std::vector<QColor> &colors;
+    std::array<QPointF, 4> centers;
 
     // What a point of the canvas shows.
     [[nodiscard]] Light light(double x, double y) const
     {
         Light light{};
-        for (int i = 0; i < 4; ++i) {
-            const double dx = x - (0.5 * width + std::cos(time + i * quarterTurn) * width * 0.3);
-            const double dy = y - (0.5 * height + std::sin(0.7 * time + i * quarterTurn) * height * 0.3);
+        for (std::size_t i = 0; i < centers.size(); ++i) {
+            const double dx = x - centers[i].x();
+            const double dy = y - centers[i].y();
             const double halfWidth = 0.8 * width / 2;
             const double halfHeight = 0.8 * height / 2;
             if (std::pow(dx / halfWidth, 2) + std::pow(dy / halfHeight, 2) > 1) {
@@ -44,7 +58,7 @@ struct View
             const double length = std::hypot(halfWidth, halfHeight);
             const double way = (dx * halfWidth + dy * halfHeight) / length / length;
             const double alpha = way < 0 ? 0.6 : way > 1 ? 0 : 0.6 * (1 - way);
-            const auto &color = colors[static_cast<std::size_t>(i) % colors.size()];
+            const auto &color = colors[i % colors.size()];
             const Light paint{color.redF(), color.greenF(), color.blueF()};
             for (std::size_t part = 0; part < 3; ++part) {
                 light[part] = paint[part] * alpha + light[part] * (1 - alpha);
@@ -107,8 +121,7 @@ Plane blurredAndTurned(Plane &plane, const std::vector<double> &weights)
 
 QImage meshGradientReference(const QSize &size, double time, const std::vector<QColor> &colors, double scale)
 {
-    auto plane =
-        canvas({static_cast<double>(size.width()), static_cast<double>(size.height()), time, colors}, scale);
+    auto plane = canvas(View(size, time, colors), scale);
     const auto weights = bell(60 * scale);
     auto turned = blurredAndTurned(plane, weights);
     auto blurred = blurredAndTurned(turned, weights);

@@ -54,6 +54,11 @@ struct Backend
     std::function<std::unique_ptr<Domain>()> make;
 };
 
+void PrintTo(const Backend &backend, std::ostream *stream)
+{
+    *stream << backend.name;
+}
+
 class DefaultsStoreTest : public testing::TestWithParam<Backend>
 {
 protected:

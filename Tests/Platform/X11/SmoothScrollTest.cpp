@@ -181,6 +181,11 @@ struct View
     bool hasMouseMoved;
 };
 
+void PrintTo(const View &view, std::ostream *stream)
+{
+    *stream << view.name;
+}
+
 class TextViewScrollTest : public SmoothScrollTest, public testing::WithParamInterface<View>
 {
 protected:
