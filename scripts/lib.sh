@@ -9,16 +9,19 @@ fail()
     exit 1
 }
 
-# configure <preset> [cmake arguments]
-configure()
-{
-    cmake --preset "$@" >/dev/null
-}
-
 # is_configured <preset>: true where ninja can see to the rest by itself.
 is_configured()
 {
     [[ build/$1/build.ninja -nt CMakePresets.json ]]
+}
+
+# configure <preset> [cmake arguments]. What a folder was configured with by other presets is forgotten: CMake would keep
+# it, or, where it was another compiler, forget what the new ones say.
+configure()
+{
+    local options=()
+    is_configured "$1" || options=(--fresh)
+    cmake "${options[@]}" --preset "$@" >/dev/null
 }
 
 # build <preset> [targets]
