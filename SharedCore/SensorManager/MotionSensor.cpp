@@ -29,9 +29,20 @@ MotionSensor::~MotionSensor()
 
 bool MotionSensor::open()
 {
+    return openDriver() || openReports();
+}
+
+bool MotionSensor::openDriver()
+{
     close();
-    isOpen_ = std::ranges::any_of(legacyServices, [this](auto name) { return openUserClient(name); }) ||
-              openBackend();
+    isOpen_ = std::ranges::any_of(legacyServices, [this](auto name) { return openUserClient(name); });
+    return isOpen_;
+}
+
+bool MotionSensor::openReports()
+{
+    close();
+    isOpen_ = openBackend();
     return isOpen_;
 }
 

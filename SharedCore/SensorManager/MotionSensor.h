@@ -10,8 +10,8 @@ namespace sharedcore {
 
 class AppleSPUHIDAccelerometerBackend;
 
-// Opened, closed and destroyed on the main thread; read from any thread while it stays open. It works with
-// the registry of hardware that is current, and holds nothing of it while it is closed.
+// Opened, closed and destroyed on the main thread, but for openDriver(); read from any thread while it stays
+// open. It works with the registry of hardware that is current, and holds nothing of it while it is closed.
 class MotionSensor
 {
 public:
@@ -35,6 +35,11 @@ public:
     // driver first, then the one that sends reports. Says with a line on the standard output which it is, or
     // that there is none; false then.
     bool open();
+
+    // The two halves of open(), for who must not wait on the main thread until a driver has answered. Each
+    // closes what is open.
+    bool openDriver(); // any thread, while nobody else uses the sensor
+    bool openReports();
 
     // The acceleration now; of an accelerometer that sends reports, that of the newest report which was kept.
     // All zero while the sensor is closed, has not reported yet or cannot be read.

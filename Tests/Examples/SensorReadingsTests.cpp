@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <semaphore>
+#include <thread>
 
 namespace gallery {
 
@@ -18,14 +19,25 @@ using platform::RegistryService;
 using testsupport::eventually;
 using namespace std::chrono_literals;
 
-// A machine with nothing but a light sensor, which answers when the test lets it.
+constexpr RegistryService lightController = 1;
+constexpr RegistryService motionDriver = 2;
+constexpr RegistryService reportingDevice = 3;
+
+// A machine with the sensors that a test wants, at first a light sensor. Its drivers answer when the test
+// lets them.
 class SlowRegistry final : public platform::HardwareRegistry
 {
 public:
     std::vector<RegistryService> services(std::string_view className) override
     {
-        return className == "AppleLMUController" ? std::vector<RegistryService>{1}
-                                                 : std::vector<RegistryService>();
+        if (className == "AppleLMUController") {
+            return hasLight ? std::vector{lightController} : std::vector<RegistryService>();
+        }
+        if (className == "IOHIDMotionSensor") {
+            return hasMotion ? std::vector{motionDriver} : std::vector<RegistryService>();
+        }
+        return hasReports && className == "AppleSPUHIDDevice" ? std::vector{reportingDevice}
+                                                              : std::vector<RegistryService>();
     }
     RegistryService firstService(std::string_view className) override
     {
@@ -33,20 +45,25 @@ public:
         return found.empty() ? 0 : found.front();
     }
     void release(RegistryService /*service*/) override {}
-    std::optional<platform::RegistryValue> property(RegistryService /*service*/,
-                                                    std::string_view /*key*/) override
+    std::optional<platform::RegistryValue> property(RegistryService service, std::string_view key) override
     {
-        return std::nullopt;
+        if (service != reportingDevice) {
+            return std::nullopt;
+        }
+        return key == "PrimaryUsagePage" ? 0xFF00 : 3;
     }
     RegistryResult setProperty(RegistryService /*service*/, std::string_view /*key*/,
                                std::int32_t /*value*/) override
     {
         return platform::registrySuccess;
     }
-    RegistryResult openUserClient(RegistryService /*service*/, std::uint32_t /*type*/,
+    RegistryResult openUserClient(RegistryService service, std::uint32_t /*type*/,
                                   RegistryConnection &connection) override
     {
-        connection = 1;
+        if (service == motionDriver) {
+            waitForAnswer();
+        }
+        connection = service;
         return platform::registrySuccess;
     }
     void closeUserClient(RegistryConnection /*connection*/) override {}
@@ -54,27 +71,40 @@ public:
                                     std::span<const std::uint64_t> /*input*/,
                                     std::span<std::uint64_t> output) override
     {
-        ++asked;
-        answers.acquire();
+        waitForAnswer();
         std::ranges::fill(output, 25'000'000U);
         return platform::registrySuccess;
     }
     RegistryResult callStructMethod(RegistryConnection /*connection*/, std::uint32_t /*selector*/,
                                     std::span<const std::byte> /*input*/,
-                                    std::span<std::byte> /*output*/) override
+                                    std::span<std::byte> output) override
     {
+        std::ranges::fill(output, std::byte(0));
+        output[1] = static_cast<std::byte>(acceleration.load()); // the high byte of the first axis
         return platform::registrySuccess;
     }
     std::unique_ptr<platform::HidDevice> createHidDevice(RegistryService /*service*/) override
     {
+        threadOfReports = std::this_thread::get_id();
         return nullptr;
     }
     std::string modelName() override { return {}; }
 
+    std::atomic<bool> hasLight = true;
+    std::atomic<bool> hasMotion = false;
+    std::atomic<bool> hasReports = false;
+    std::atomic<int> acceleration = 0; // in g
+    std::atomic<std::thread::id> threadOfReports;
     std::atomic<int> asked = 0;
     std::counting_semaphore<> answers{0};
 
 private:
+    void waitForAnswer()
+    {
+        ++asked;
+        answers.acquire();
+    }
+
     platform::HardwareRegistryInstallation installation_{*this};
 };
 
@@ -84,6 +114,16 @@ protected:
     ~SensorReadingsTest() override { registry_.answers.release(1000); }
 
     [[nodiscard]] qsizetype samples() { return readings_.lidHistory()->samples().size(); }
+    [[nodiscard]] qsizetype motions() { return readings_.motionHistory()->samples().size(); }
+
+    // Lets the clock go on until something is so.
+    template <typename Condition> [[nodiscard]] bool comesTrue(const Condition &condition)
+    {
+        return eventually([&] {
+            platform_.scheduler().advance(0.1s);
+            return condition();
+        });
+    }
 
     fakes::FakePlatform platform_;
     SlowRegistry registry_;
@@ -140,6 +180,64 @@ TEST_F(SensorReadingsTest, TakeNoSampleThatComesAfterTheEnd)
         platform_.scheduler().advance(0.1s);
         return samples() > 0;
     }));
+}
+
+TEST_F(SensorReadingsTest, KeepTheMainThreadFreeWhileAnAccelerometerHangs)
+{
+    registry_.hasLight = false;
+    registry_.hasMotion = true;
+    readings_.setRunning(true);
+    ASSERT_TRUE(eventually([this] { return registry_.asked == 1; }));
+    EXPECT_EQ(samples(), 0);
+    registry_.acceleration = 1;
+    registry_.answers.release();
+    EXPECT_TRUE(eventually([this] { return motions() == 1; }));
+    EXPECT_TRUE(readings_.hasMotion());
+    EXPECT_EQ(readings_.motion(), QVector3D(1, 0, 0));
+}
+
+TEST_F(SensorReadingsTest, OpenWhatSendsReportsOnTheMainThread)
+{
+    registry_.answers.release(1000);
+    registry_.hasReports = true;
+    readings_.setRunning(true);
+    ASSERT_TRUE(eventually([this] { return samples() == 1; }));
+    EXPECT_EQ(registry_.threadOfReports, std::this_thread::get_id());
+    EXPECT_FALSE(readings_.hasMotion());
+}
+
+TEST_F(SensorReadingsTest, FollowALightSensorThatGoesAndComesBack)
+{
+    registry_.answers.release(1000);
+    readings_.setRunning(true);
+    ASSERT_TRUE(comesTrue([this] { return samples() > 0; }));
+    EXPECT_TRUE(readings_.hasLight());
+    registry_.hasLight = false;
+    ASSERT_TRUE(comesTrue([this] { return !readings_.hasLight(); }));
+    EXPECT_EQ(readings_.lid(), 90);
+    const auto before = readings_.lightHistory()->samples().size();
+    const auto lids = samples();
+    testing::internal::CaptureStdout();
+    ASSERT_TRUE(comesTrue([&] { return samples() > lids + 2; }));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(readings_.lightHistory()->samples().size(), before);
+    registry_.hasLight = true;
+    EXPECT_TRUE(comesTrue([this] { return readings_.hasLight() && readings_.lid() == 67.5; }));
+}
+
+TEST_F(SensorReadingsTest, PlotNoAccelerationThatWasNotRead)
+{
+    registry_.answers.release(1000);
+    registry_.hasMotion = true;
+    readings_.setRunning(true);
+    ASSERT_TRUE(comesTrue([this] { return samples() > 1; }));
+    EXPECT_TRUE(readings_.hasMotion());
+    EXPECT_FALSE(readings_.isMotionRead());
+    EXPECT_EQ(motions(), 0);
+    registry_.acceleration = 1;
+    EXPECT_TRUE(comesTrue([this] { return readings_.isMotionRead() && motions() > 0; }));
+    registry_.acceleration = 0;
+    EXPECT_TRUE(comesTrue([this] { return !readings_.isMotionRead(); }));
 }
 
 } // namespace gallery

@@ -43,7 +43,9 @@ ComponentPage {
 
     SensorSection {
         title: "Acceleration"
-        value: `${readings.motion.x.toFixed(2)}  ${readings.motion.y.toFixed(2)}  ${readings.motion.z.toFixed(2)} g`
+        value: readings.isMotionRead
+               ? `${readings.motion.x.toFixed(2)}  ${readings.motion.y.toFixed(2)}  ${readings.motion.z.toFixed(2)} g`
+               : "No reading"
         missing: readings.hasMotion ? "" : "This machine has no accelerometer that can be read."
         history: readings.motionHistory
         colors: [SystemStyle.red, SystemStyle.green, SystemStyle.blue]

@@ -64,6 +64,7 @@ void SensorReadings::sample()
         QMetaObject::invokeMethod(this, [this, reading, sensors = std::move(sensors)] {
             isReading_ = false;
             if (sensors == sensors_) {
+                sensors->openReports();
                 take(reading);
             }
         });
@@ -77,9 +78,10 @@ void SensorReadings::take(const SensorReading &reading)
         lights_.append({now, {reading.light}});
     }
     lids_.append({now, {reading.lid}});
-    if (reading.hasMotion) {
-        motions_.append({now, {reading.motion.x, reading.motion.y, reading.motion.z}});
+    if (reading.motion) {
+        motions_.append({now, {reading.motion->x, reading.motion->y, reading.motion->z}});
     }
+    hasMotion_ = sensors_->hasMotion();
     last_ = reading;
     Q_EMIT sampled();
 }

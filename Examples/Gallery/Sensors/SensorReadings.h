@@ -28,6 +28,8 @@ class SensorReadings : public QObject
     Q_PROPERTY(bool hasLight READ hasLight NOTIFY sampled)
     Q_PROPERTY(bool hasMotion READ hasMotion NOTIFY sampled)
     Q_PROPERTY(bool isLidMeasured READ isLidMeasured NOTIFY sampled) // and not estimated
+    // Whether the accelerometer gave a reading with the last sample.
+    Q_PROPERTY(bool isMotionRead READ isMotionRead NOTIFY sampled)
 
     Q_PROPERTY(double light READ light NOTIFY sampled)      // from 0 to 1
     Q_PROPERTY(double lid READ lid NOTIFY sampled)          // degrees
@@ -45,8 +47,9 @@ public:
     void setRunning(bool isRunning);
 
     [[nodiscard]] bool hasLight() const { return last_.hasLight; }
-    [[nodiscard]] bool hasMotion() const { return last_.hasMotion; }
+    [[nodiscard]] bool hasMotion() const { return hasMotion_; }
     [[nodiscard]] bool isLidMeasured() const { return last_.isLidMeasured; }
+    [[nodiscard]] bool isMotionRead() const { return last_.motion.has_value(); }
     [[nodiscard]] double light() const { return lights_.value(0); }
     [[nodiscard]] double lid() const { return lids_.value(0); }
     [[nodiscard]] QVector3D motion() const;
@@ -67,6 +70,7 @@ private:
     std::shared_ptr<OpenSensors> sensors_; // while it is running
     std::shared_ptr<platform::RepeatingTimer> clock_;
     bool isReading_ = false; // the worker is
+    bool hasMotion_ = true;
     SensorReading last_;
     SensorHistory lights_;
     SensorHistory lids_;
