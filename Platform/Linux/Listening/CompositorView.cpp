@@ -2,6 +2,7 @@
 #include "Platform/Linux/Listening/SessionView.h"
 #include "Platform/Linux/Wayland/Keymap.h"
 #include "Platform/Linux/Wayland/SeatKeyboard.h"
+#include "Platform/Linux/Wayland/TypingKeymap.h"
 #include "Platform/Linux/Wayland/WaylandGlobals.h"
 
 #include <xdg-output-unstable-v1-client-protocol.h>
@@ -42,7 +43,7 @@ public:
         if (count == keymapCount_) {
             return {};
         }
-        const auto text = count > 0 ? keyboard_->keymapText() : QByteArray();
+        const auto text = count > 0 ? userKeymapText() : QByteArray();
         const bool isFirst = keymapCount_ == neverAsked;
         keymapCount_ = count;
         return text.isEmpty() && isFirst ? defaultKeymapText() : text;
@@ -61,6 +62,13 @@ public:
 
 private:
     static constexpr int neverAsked = -1;
+
+    // Empty where the last one is a program's that types: what the user presses meanwhile is of their layout.
+    [[nodiscard]] QByteArray userKeymapText() const
+    {
+        const auto text = keyboard_->keymapText();
+        return TypingKeymap::isText(text) ? QByteArray() : text;
+    }
 
     void bind()
     {
