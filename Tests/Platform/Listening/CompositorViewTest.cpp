@@ -16,6 +16,7 @@
 #include <linux/input-event-codes.h>
 
 #include <array>
+#include <csignal>
 
 namespace platform {
 
@@ -75,6 +76,23 @@ TEST(CompositorViewTest, AKeymapThatAProgramTypesWithIsNotTheUsers)
     for (const auto &each : {view.get(), later.get()}) {
         EXPECT_TRUE(eventually([&] { return each->changedKeymap().contains("German"); }));
     }
+}
+
+TEST(CompositorViewTest, AnAnswerThatIsLateCountsWhenItComes)
+{
+    PrivateRuntime runtime;
+    PrivateSway sway(runtime, "output HEADLESS-1 scale 2\n");
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    WaylandUser user(sway.display(), WaylandUser::keymapOfLayout("de"));
+    user.type(KEY_A);
+    sway.process().sendSignal(SIGSTOP);
+    const auto view = openCompositorView();
+    EXPECT_EQ(view->changedKeymap(), defaultKeymapText());
+    EXPECT_TRUE(view->desktop().isEmpty());
+    sway.process().sendSignal(SIGCONT);
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 640, 400); }));
+    EXPECT_TRUE(eventually([&] { return view->changedKeymap().contains("German"); }));
 }
 
 TEST(CompositorViewTest, AScaleThatIsNoWholeNumberIsTheCompositors)
