@@ -58,6 +58,9 @@ bool LibinputTap::open()
     placePointer();
     notifier_.emplace(devices_.descriptor(), QSocketNotifier::Read);
     QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { takeIn(); });
+    if (!activity_.isActive()) {
+        devices_.setOpen(false);
+    }
     return true;
 }
 
@@ -70,7 +73,13 @@ void LibinputTap::placePointer()
 void LibinputTap::setEnabled(bool isEnabled)
 {
     delivery_.setEnabled(isEnabled);
-    devices_.setOpen(isEnabled);
+    openDevices();
+}
+
+// As long as they are wanted and the session's.
+void LibinputTap::openDevices()
+{
+    devices_.setOpen(delivery_.isEnabled() && activity_.isActive());
     held_ = {};
     otherButtons_.clear();
 }
