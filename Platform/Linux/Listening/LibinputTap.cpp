@@ -64,10 +64,16 @@ bool LibinputTap::open()
     return true;
 }
 
+// Once, as soon as the desktop is known.
 void LibinputTap::placePointer()
 {
-    const auto middle = session_->desktop().center();
-    location_ = {middle.x(), middle.y()};
+    if (isPlaced_) {
+        return;
+    }
+    if (const auto desktop = session_->desktop(); !desktop.isEmpty()) {
+        location_ = {desktop.center().x(), desktop.center().y()};
+        isPlaced_ = true;
+    }
 }
 
 void LibinputTap::setEnabled(bool isEnabled)
@@ -161,6 +167,7 @@ void LibinputTap::takeButton(libinput_event_pointer *event)
 
 ObservedEvent LibinputTap::takeStep(libinput_event_pointer *event)
 {
+    placePointer();
     return moveTo({location_.x + libinput_event_pointer_get_dx(event),
                    location_.y + libinput_event_pointer_get_dy(event)});
 }
@@ -177,6 +184,7 @@ ObservedEvent LibinputTap::takePlace(libinput_event_pointer *event)
 ObservedEvent LibinputTap::moveTo(PointerLocation location)
 {
     if (const auto desktop = session_->desktop(); !desktop.isEmpty()) {
+        isPlaced_ = true;
         location.x = std::clamp(location.x, desktop.left(), desktop.right());
         location.y = std::clamp(location.y, desktop.top(), desktop.bottom());
     }

@@ -51,6 +51,7 @@ private:
     std::unique_ptr<SessionView> session_;
     KeyText text_;
     PointerLocation location_;
+    bool isPlaced_ = false; // on the desktop
     HeldButtons held_;
     std::set<std::uint32_t> otherButtons_; // that are held
     SeatDevices devices_;
