@@ -4,6 +4,7 @@
 #include "Platform/Linux/Portal/PortalInputPoster.h"
 #include "Platform/Linux/Uinput/UinputFile.h"
 #include "Platform/Linux/Wayland/WaylandSocket.h"
+#include "Platform/Linux/Wayland/WlrootsInputPoster.h"
 #include "Platform/Linux/X11/XInputTap.h"
 
 #include <QString>
@@ -54,8 +55,8 @@ const Way &wayOfSession()
     return *std::ranges::find(ways, isWaylandSession(), &Way::isForWayland);
 }
 
-// The portal asks the user, unless it has done so and the session runs. The kernel's device would be seen by
-// others, so its file is tried alone.
+// The portal asks the user, unless it has done so and the session runs. A device of the kernel's or of the
+// compositor's would be seen by others, so only what it takes to make one is looked at.
 bool postsUnasked(const NamedInputPoster &way)
 {
     if (!way.isTried) {
@@ -66,6 +67,9 @@ bool postsUnasked(const NamedInputPoster &way)
     }
     if (way.name == QLatin1String("uinput")) {
         return kernelUinputFile()->open() == 0;
+    }
+    if (way.name == QLatin1String("wlroots")) {
+        return WlrootsInputPoster::isOffered();
     }
     Obstacle why;
     const auto poster = way.open(why);

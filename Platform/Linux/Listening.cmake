@@ -10,6 +10,7 @@ target_sources(PlatformListening PRIVATE
   Linux/Listening/KeyText.cpp Linux/Listening/KeyText.h
   Linux/Listening/LibinputTap.cpp Linux/Listening/LibinputTap.h
   Linux/Listening/SeatDevices.cpp Linux/Listening/SeatDevices.h
+  Linux/Listening/SessionActivity.cpp Linux/Listening/SessionActivity.h
   Linux/Listening/SessionOutput.cpp Linux/Listening/SessionOutput.h
   Linux/Listening/SessionView.h
   Linux/Listening/XkbPointer.h
@@ -19,4 +20,5 @@ target_sources(PlatformListening PRIVATE
   Linux/X11/XInputTap.cpp Linux/X11/XInputTap.h
   Linux/X11/XKeyText.cpp Linux/X11/XKeyText.h
 )
-target_link_libraries(PlatformListening PRIVATE Platform Qt6::DBus OutputProtocols PkgConfig::LISTENING PkgConfig::WAYLAND_CLIENT)
+target_link_libraries(PlatformListening PRIVATE Platform Qt6::DBus OutputProtocols PkgConfig::LISTENING PkgConfig::SYSTEMD
+  PkgConfig::WAYLAND_CLIENT)

@@ -1,6 +1,4 @@
 # What shows a program in the panel, apart from Platform: see MenuBarServices.h.
-pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd)
-
 target_sources(PlatformMenuBar PRIVATE
   Linux/Bus/BusConnection.cpp Linux/Bus/BusConnection.h
   Linux/Bus/BusName.cpp Linux/Bus/BusName.h

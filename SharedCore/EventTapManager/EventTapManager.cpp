@@ -89,11 +89,13 @@ void EventTapManager::typeText(std::string_view text)
     static_cast<void>(sharedcore::typeText(text));
 }
 
+// A tap that is stopped never goes on, so nothing of it is kept: each has a connection or devices of its own.
 void EventTapManager::stopAll()
 {
-    for (auto *tap : {mouseTap_.get(), keyTap_.get()}) {
-        if (tap) {
-            tap->setEnabled(false);
+    for (auto *tap : {&mouseTap_, &keyTap_}) {
+        if (*tap) {
+            (*tap)->setEnabled(false);
+            tap->reset();
         }
     }
 }

@@ -71,7 +71,7 @@ void KeyText::setKeymap(XkbPointer<xkb_keymap> keymap)
     }
     if (state_) {
         components_.locked = xkb_state_serialize_mods(state_.get(), XKB_STATE_MODS_LOCKED);
-        components_.lockedLayout = xkb_state_serialize_layout(state_.get(), XKB_STATE_LAYOUT_LOCKED);
+        keepLockedLayout();
     }
     state_.reset(xkb_state_new(keymap.get()));
     keymap_ = std::move(keymap);
@@ -79,6 +79,15 @@ void KeyText::setKeymap(XkbPointer<xkb_keymap> keymap)
         apply();
     } else {
         holdAgain();
+    }
+}
+
+// A keymap with fewer layouts, such as one that some program types with, knows only the ones it has. The
+// user's own comes back after it, with the layout that was locked there.
+void KeyText::keepLockedLayout()
+{
+    if (xkb_keymap_num_layouts(keymap_.get()) > components_.lockedLayout) {
+        components_.lockedLayout = xkb_state_serialize_layout(state_.get(), XKB_STATE_LAYOUT_LOCKED);
     }
 }
 

@@ -52,6 +52,7 @@ public:
 private:
     void apply();
     void holdAgain();
+    void keepLockedLayout();
     [[nodiscard]] std::u16string composed(xkb_keycode_t key, xkb_keysym_t symbol);
     [[nodiscard]] std::u16string plain(xkb_keycode_t key) const;
 

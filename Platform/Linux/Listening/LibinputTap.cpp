@@ -58,19 +58,34 @@ bool LibinputTap::open()
     placePointer();
     notifier_.emplace(devices_.descriptor(), QSocketNotifier::Read);
     QObject::connect(&*notifier_, &QSocketNotifier::activated, &*notifier_, [this] { takeIn(); });
+    if (!activity_.isActive()) {
+        devices_.setOpen(false);
+    }
     return true;
 }
 
+// Once, as soon as the desktop is known.
 void LibinputTap::placePointer()
 {
-    const auto middle = session_->desktop().center();
-    location_ = {middle.x(), middle.y()};
+    if (isPlaced_) {
+        return;
+    }
+    if (const auto desktop = session_->desktop(); !desktop.isEmpty()) {
+        location_ = {desktop.center().x(), desktop.center().y()};
+        isPlaced_ = true;
+    }
 }
 
 void LibinputTap::setEnabled(bool isEnabled)
 {
     delivery_.setEnabled(isEnabled);
-    devices_.setOpen(isEnabled);
+    openDevices();
+}
+
+// As long as they are wanted and the session's.
+void LibinputTap::openDevices()
+{
+    devices_.setOpen(delivery_.isEnabled() && activity_.isActive());
     held_ = {};
     otherButtons_.clear();
 }
@@ -152,6 +167,7 @@ void LibinputTap::takeButton(libinput_event_pointer *event)
 
 ObservedEvent LibinputTap::takeStep(libinput_event_pointer *event)
 {
+    placePointer();
     return moveTo({location_.x + libinput_event_pointer_get_dx(event),
                    location_.y + libinput_event_pointer_get_dy(event)});
 }
@@ -168,6 +184,7 @@ ObservedEvent LibinputTap::takePlace(libinput_event_pointer *event)
 ObservedEvent LibinputTap::moveTo(PointerLocation location)
 {
     if (const auto desktop = session_->desktop(); !desktop.isEmpty()) {
+        isPlaced_ = true;
         location.x = std::clamp(location.x, desktop.left(), desktop.right());
         location.y = std::clamp(location.y, desktop.top(), desktop.bottom());
     }

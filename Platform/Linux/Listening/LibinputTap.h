@@ -5,6 +5,7 @@
 #include "Platform/Linux/Listening/HeldButtons.h"
 #include "Platform/Linux/Listening/KeyText.h"
 #include "Platform/Linux/Listening/SeatDevices.h"
+#include "Platform/Linux/Listening/SessionActivity.h"
 #include "Platform/Linux/Listening/SessionView.h"
 
 #include <QSocketNotifier>
@@ -18,7 +19,8 @@ namespace platform {
 // type is worked out with the keymap of the session from the keys that went down and up since the tap was
 // made; a layout that is chosen with the pointer is not seen. The pointer's location begins at the middle of
 // the desktop and follows the devices' steps, as libinput makes them out, up to the desktop's edges; a device
-// that tells places, such as a virtual machine's, corrects it.
+// that tells places, such as a virtual machine's, corrects it. While another session has the seat the devices
+// are closed, since what comes from them is that user's.
 class LibinputTap final : public InputTap
 {
 public:
@@ -34,6 +36,7 @@ private:
     LibinputTap(EventMask mask, InputListener::Handler handler, std::unique_ptr<SessionView> session);
 
     [[nodiscard]] bool open();
+    void openDevices();
     void placePointer();
     void takeIn();
     [[nodiscard]] std::optional<ObservedEvent> take(libinput_event *event);
@@ -48,10 +51,12 @@ private:
     std::unique_ptr<SessionView> session_;
     KeyText text_;
     PointerLocation location_;
+    bool isPlaced_ = false; // on the desktop
     HeldButtons held_;
     std::set<std::uint32_t> otherButtons_; // that are held
     SeatDevices devices_;
     std::optional<QSocketNotifier> notifier_;
+    SessionActivity activity_{[this] { openDevices(); }};
 };
 
 } // namespace platform

@@ -23,10 +23,10 @@ constexpr std::array rows{Row{2, 13}, Row{16, 27}, Row{30, 41}, Row{43, 53}, Row
 
 constexpr auto frame =
     "xkb_keymap {\n"
-    "xkb_keycodes \"typed\" { minimum = 8; maximum = 255;\n%1};\n"
-    "xkb_types \"typed\" { type \"ONE_LEVEL\" { modifiers = none; level_name[1] = \"Any\"; }; };\n"
-    "xkb_compatibility \"typed\" { };\n"
-    "xkb_symbols \"typed\" { key.type = \"ONE_LEVEL\"; key.repeat = No;\n%2};\n"
+    "xkb_keycodes \"%3\" { minimum = 8; maximum = 255;\n%1};\n"
+    "xkb_types \"%3\" { type \"ONE_LEVEL\" { modifiers = none; level_name[1] = \"Any\"; }; };\n"
+    "xkb_compatibility \"%3\" { };\n"
+    "xkb_symbols \"%3\" { key.type = \"ONE_LEVEL\"; key.repeat = No;\n%2};\n"
     "};\n";
 
 std::vector<std::uint16_t> printingKeys()
@@ -69,7 +69,7 @@ QByteArray TypingKeymap::text() const
         codes += QStringLiteral("<K%1> = %2;\n").arg(key).arg(key + xkbCodeOfEvdev);
         symbols += QStringLiteral("key <K%1> { [ 0x%2 ] };\n").arg(key).arg(symbol, 0, 16);
     }
-    return QString::fromLatin1(frame).arg(codes, symbols).toLatin1();
+    return QString::fromLatin1(frame).arg(codes, symbols, QLatin1String(name)).toLatin1();
 }
 
 } // namespace platform

@@ -23,8 +23,15 @@ public:
     [[nodiscard]] std::optional<std::uint16_t> keyOf(KeySymbol symbol) const;
     // In the format that compositors and their clients exchange.
     [[nodiscard]] QByteArray text() const;
+    // Whether a keymap's text is that of one of these, as a compositor tells it again.
+    [[nodiscard]] static bool isText(const QByteArray &keymapText)
+    {
+        return keymapText.contains(QByteArray("xkb_symbols \"") + name + '"');
+    }
 
 private:
+    static constexpr auto name = "typed"; // of each of its sections
+
     std::map<KeySymbol, std::uint16_t> keys_;
 };
 

@@ -6,6 +6,7 @@
 #include <wlr-virtual-pointer-unstable-v1-client-protocol.h>
 
 #include <algorithm>
+#include <array>
 
 namespace platform {
 
@@ -13,6 +14,17 @@ namespace {
 
 constexpr std::chrono::milliseconds patience(200);
 constexpr std::int32_t mostPixels = 1 << 20;
+
+constexpr std::array needed{&zwlr_virtual_pointer_manager_v1_interface,
+                            &zwp_virtual_keyboard_manager_v1_interface, &wl_seat_interface};
+
+// Of what is needed, the first that is not offered; nothing where all is.
+const wl_interface *missingOf(const WaylandGlobals &globals)
+{
+    const auto isMissing = [&globals](const auto *interface) { return !globals.offers(interface->name); };
+    const auto missing = std::ranges::find_if(needed, isMissing);
+    return missing == needed.end() ? nullptr : *missing;
+}
 
 Obstacle missing(const wl_interface &interface)
 {
@@ -27,6 +39,16 @@ Obstacle silence()
 }
 
 } // namespace
+
+bool WlrootsInputPoster::isOffered()
+{
+    WaylandConnection connection;
+    if (!connection.isOpen()) {
+        return false;
+    }
+    const WaylandGlobals globals(connection);
+    return connection.roundTrip(WaylandConnection::Clock::now() + patience) && !missingOf(globals);
+}
 
 std::unique_ptr<InputPoster> WlrootsInputPoster::create(Obstacle &why)
 {
@@ -55,20 +77,14 @@ Obstacle WlrootsInputPoster::open()
     if (!connection_.roundTrip(deadline)) {
         return silence();
     }
+    if (const auto *interface = missingOf(*globals_)) {
+        return missing(*interface);
+    }
     auto seat = globals_->bind<wl_seat>(wl_seat_interface, SeatKeyboard::newestVersion);
     auto pointers =
         globals_->bind<zwlr_virtual_pointer_manager_v1>(zwlr_virtual_pointer_manager_v1_interface, 1);
     auto keyboards =
         globals_->bind<zwp_virtual_keyboard_manager_v1>(zwp_virtual_keyboard_manager_v1_interface, 1);
-    if (!pointers) {
-        return missing(zwlr_virtual_pointer_manager_v1_interface);
-    }
-    if (!keyboards) {
-        return missing(zwp_virtual_keyboard_manager_v1_interface);
-    }
-    if (!seat) {
-        return missing(wl_seat_interface);
-    }
     seat_.emplace(std::move(seat));
     keyboard_.emplace(std::move(keyboards), *seat_);
     pointer_.reset(zwlr_virtual_pointer_manager_v1_create_virtual_pointer(pointers.get(), seat_->seat()));

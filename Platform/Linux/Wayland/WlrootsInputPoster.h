@@ -23,6 +23,9 @@ namespace platform {
 class WlrootsInputPoster final : public InputPoster
 {
 public:
+    // Whether a compositor answers that offers what a poster needs. Adds nothing to the seat, where its
+    // clients would see a pointer come and go. Waits as long as create() does. Any thread.
+    [[nodiscard]] static bool isOffered();
     // Nothing where no compositor answers, or it lacks one of the protocols; `why` then says so. Waits at
     // most 200 ms for a compositor that accepts connections and says nothing.
     [[nodiscard]] static std::unique_ptr<InputPoster> create(Obstacle &why);

@@ -3,6 +3,7 @@
 #include "Platform/Linux/Listening/SessionView.h"
 
 #include "Platform/Linux/Wayland/Keymap.h"
+#include "Platform/Linux/Wayland/TypingKeymap.h"
 #include "Tests/Platform/Wayland/WlrootsPosterTest.h"
 #include "Tests/Support/Eventually.h"
 #include "Tests/Support/QtPrinting.h"
@@ -13,6 +14,9 @@
 #include <gmock/gmock.h>
 
 #include <linux/input-event-codes.h>
+
+#include <array>
+#include <csignal>
 
 namespace platform {
 
@@ -46,6 +50,49 @@ TEST(CompositorViewTest, TheLayoutAndTheDesktopAreTheCompositors)
     ASSERT_TRUE(eventually([&] { return !(keymap = view->changedKeymap()).isEmpty(); }));
     EXPECT_THAT(keymap.toStdString(), HasSubstr("German"));
     EXPECT_EQ(view->changedKeymap(), "");
+}
+
+TEST(CompositorViewTest, AKeymapThatAProgramTypesWithIsNotTheUsers)
+{
+    PrivateRuntime runtime;
+    const PrivateSway sway(runtime);
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    const auto view = openCompositorView();
+    EXPECT_EQ(view->changedKeymap(), defaultKeymapText());
+    WaylandUser user(sway.display(), WaylandUser::keymapOfLayout("de"));
+    user.type(KEY_A);
+    ASSERT_TRUE(eventually([&] { return view->changedKeymap().contains("German"); }));
+
+    constexpr std::array symbols{KeySymbol{'x'}};
+    const TypingKeymap typed(symbols);
+    WaylandUser program(sway.display(), typed.text());
+    program.type(typed.keyOf(symbols.front()).value());
+    const auto later = openCompositorView(); // by now the compositor has told the other one too
+    EXPECT_EQ(view->changedKeymap(), "");
+    EXPECT_EQ(later->changedKeymap(), defaultKeymapText());
+
+    user.type(KEY_A);
+    for (const auto &each : {view.get(), later.get()}) {
+        EXPECT_TRUE(eventually([&] { return each->changedKeymap().contains("German"); }));
+    }
+}
+
+TEST(CompositorViewTest, AnAnswerThatIsLateCountsWhenItComes)
+{
+    PrivateRuntime runtime;
+    PrivateSway sway(runtime, "output HEADLESS-1 scale 2\n");
+    ASSERT_TRUE(sway.isOpen());
+    const ScopedWaylandDisplay scope(sway.display());
+    WaylandUser user(sway.display(), WaylandUser::keymapOfLayout("de"));
+    user.type(KEY_A);
+    sway.process().sendSignal(SIGSTOP);
+    const auto view = openCompositorView();
+    EXPECT_EQ(view->changedKeymap(), defaultKeymapText());
+    EXPECT_TRUE(view->desktop().isEmpty());
+    sway.process().sendSignal(SIGCONT);
+    EXPECT_TRUE(eventually([&] { return view->desktop() == QRectF(0, 0, 640, 400); }));
+    EXPECT_TRUE(eventually([&] { return view->changedKeymap().contains("German"); }));
 }
 
 TEST(CompositorViewTest, AScaleThatIsNoWholeNumberIsTheCompositors)

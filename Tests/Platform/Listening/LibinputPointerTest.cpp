@@ -33,6 +33,29 @@ TEST_F(LibinputTapTest, MovesFollowTheStepsUpToTheEdges)
     EXPECT_EQ(events.all().back(), moved(ObservedKind::mouseMoved, 0, 800));
 }
 
+TEST_F(LibinputTapTest, ThePointerBeginsInTheMiddleOfADesktopThatIsToldLater)
+{
+    const auto mouse = devices.add(Kind::mouse);
+    auto unknown = std::make_unique<FakeSession>();
+    auto &later = *unknown;
+    const auto area = std::exchange(later.area, {});
+    const auto tap = LibinputTap::create(allPointerKinds, events.handler(), std::move(unknown));
+    ASSERT_NE(tap, nullptr);
+    tap->setEnabled(true);
+    devices.play(mouse, {{EV_REL, REL_X, -5}, {syn, 0, 0}});
+    ASSERT_TRUE(comes(1));
+    EXPECT_LT(events.all().front().location.x, 0);
+    later.area = area;
+    for (std::size_t count = 2; count < 4; ++count) {
+        devices.play(mouse, {{EV_REL, REL_X, 5}, {syn, 0, 0}});
+        ASSERT_TRUE(comes(count));
+    }
+    const auto locations = events.all();
+    EXPECT_GT(locations[1].location.x, 500);
+    EXPECT_GT(locations[2].location.x, locations[1].location.x) << "and goes on from there";
+    EXPECT_EQ(locations[2].location.y, 400);
+}
+
 TEST_F(LibinputTapTest, DragsAreByTheButtonAndClicksAndScrollsAreNothing)
 {
     const auto mouse = devices.add(Kind::mouse);

@@ -73,6 +73,26 @@ TEST_F(LibinputTapTest, TheLayoutIsFollowedWhenItChanges)
     EXPECT_EQ(events.text(), u"AΑασ") << "with what is locked kept";
 }
 
+// As a program's own keyboard has it, which is the session's current one while the program types.
+TEST_F(LibinputTapTest, ALayoutThatIsLockedOutlastsAKeymapWithoutIt)
+{
+    const auto keyboard = devices.add(Kind::keyboard);
+    const auto tap = enabledTap(maskOf(ObservedKind::keyDown), "us,ru", "grp:menu_toggle");
+    ASSERT_NE(tap, nullptr);
+    play(keyboard, {KEY_F, KEY_COMPOSE, KEY_F});
+    ASSERT_TRUE(comes(2));
+    session->keymap = keymapOf("us");
+    play(keyboard, {KEY_F});
+    ASSERT_TRUE(comes(3));
+    session->keymap = keymapOf("us,ru", "grp:menu_toggle");
+    play(keyboard, {KEY_F, KEY_COMPOSE, KEY_F});
+    ASSERT_TRUE(comes(5));
+    session->keymap = keymapOf("us,ru");
+    play(keyboard, {KEY_F});
+    ASSERT_TRUE(comes(6));
+    EXPECT_EQ(events.text(), u"f\u0430f\u0430ff") << "and what the user locks then counts";
+}
+
 // A compositor tells of the layout of whichever keyboard was used last, at any time.
 TEST_F(LibinputTapTest, WhatIsHeldStaysHeldWhenTheLayoutChanges)
 {

@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/Permissions/LinuxPermissions.h"
 #include "Platform/Linux/Portal/PortalInputPoster.h"
+#include "Platform/Linux/Wayland/WaylandConnection.h"
 #include "Platform/Trust.h"
 #include "Tests/Platform/Listening/ObservedEvents.h"
 #include "Tests/Support/Evdev/MockInputDevices.h"
@@ -10,10 +11,15 @@
 #include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/Wayland/PrivateSway.h"
 #include "Tests/Support/Wayland/PrivateWeston.h"
+#include "Tests/Support/Wayland/WaylandClient.h"
 
 #include <gmock/gmock.h>
 
 #include <linux/input-event-codes.h>
+#include <wayland-client-protocol.h>
+
+#include <atomic>
+#include <thread>
 
 namespace platform {
 
@@ -27,6 +33,25 @@ using testsupport::PrivateSway;
 using testsupport::PrivateWeston;
 using Answer = testsupport::FakeRemoteDesktopPortal::Answer;
 using Kind = MockInputDevices::Kind;
+
+// What a seat is told to have, again and again.
+struct SeatChanges
+{
+    std::vector<std::uint32_t> capabilities;
+
+    static constexpr wl_seat_listener listener{
+        [](void *self, wl_seat * /*seat*/, std::uint32_t capabilities) {
+            static_cast<SeatChanges *>(self)->capabilities.push_back(capabilities);
+        },
+        nullptr}; // the name, of later versions
+};
+
+std::atomic<int> warningCount = 0;
+
+void countWarning(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*message*/)
+{
+    ++warningCount;
+}
 
 class WaylandTrustTest : public testing::Test
 {
@@ -65,6 +90,31 @@ TEST_F(WaylandTrustTest, WhereTheDevicesMayBeReadAndTheCompositorTakesInput)
 
     devices.forbid(keyboard);
     EXPECT_FALSE(listener->isTrusted());
+}
+
+// A pointer that came and went would have every client of the seat make one of its own, and drop it.
+TEST_F(WaylandTrustTest, TheQuestionChangesNothingOfTheSeatAndIsForAnyThread)
+{
+    const PrivateSway sway(runtime);
+    ASSERT_TRUE(sway.isOpen());
+    qputenv("WAYLAND_DISPLAY", sway.display().toUtf8());
+    devices.add(Kind::keyboard);
+    const testsupport::WaylandClient client(sway.display());
+    const std::unique_ptr<wl_seat, DestroyProxy> seat(client.bind<wl_seat>(wl_seat_interface, 1));
+    SeatChanges changes;
+    wl_seat_add_listener(seat.get(), &SeatChanges::listener, &changes);
+    client.sync();
+    ASSERT_THAT(changes.capabilities, ElementsAre(0U));
+
+    warningCount = 0;
+    const auto handlerBefore = qInstallMessageHandler(countWarning);
+    std::thread([this] {
+        EXPECT_TRUE(eventually([this] { return listener->isTrusted(); })) << "a busy compositor may be late";
+    }).join();
+    qInstallMessageHandler(handlerBefore);
+    EXPECT_EQ(warningCount, 0);
+    client.sync();
+    EXPECT_THAT(changes.capabilities, ElementsAre(0U));
 }
 
 // What the request for accessibility is good for on desktops that post through their portal.

@@ -215,6 +215,22 @@ void MockInputDevices::announce(const QString &node, const char *action)
     umockdev_testbed_uevent(testbed_, deviceOf(node).systemPath.toLatin1().constData(), action);
 }
 
+int MockInputDevices::openCount(const QString &node) const
+{
+    const auto own = deviceOf(node).file;
+    struct stat device
+    {};
+    fstat(own, &device);
+    int count = 0;
+    for (const auto &name : QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files | QDir::System)) {
+        struct stat opened
+        {};
+        const int file = name.toInt();
+        count += file != own && fstat(file, &opened) == 0 && opened.st_rdev == device.st_rdev ? 1 : 0;
+    }
+    return count;
+}
+
 // As root may read everything, the node leads nowhere.
 void MockInputDevices::forbid(const QString &node)
 {

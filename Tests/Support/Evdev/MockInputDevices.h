@@ -32,6 +32,8 @@ public:
     // on. One that is plugged in is announced to those who watch.
     QString add(Kind kind, unsigned lights = 0);
     void announce(const QString &node, const char *action);
+    // How often somebody in this process has it open.
+    [[nodiscard]] int openCount(const QString &node) const;
     // Takes away the leave to read it.
     void forbid(const QString &node);
 
