@@ -51,12 +51,9 @@ struct Backend
     const char *name;
     bool isXorg;
     std::unique_ptr<InputPoster> (*open)();
-};
 
-void PrintTo(const Backend &backend, std::ostream *stream)
-{
-    *stream << backend.name;
-}
+    friend void PrintTo(const Backend &backend, std::ostream *stream) { *stream << backend.name; }
+};
 
 std::unique_ptr<InputPoster> openXtest()
 {
