@@ -1,5 +1,6 @@
 #include "Platform/Linux/X11/KeymapGuard.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -22,7 +23,7 @@ namespace platform {
 namespace {
 
 constexpr timespec lookUpTime{0, 500'000'000};
-constexpr char letGo = 'l';
+constexpr char wordToLetGo = 'l';
 constexpr std::size_t mostBytes = 1U << 16U; // of all keys there are, each a row of its own
 constexpr std::chrono::seconds patience(5);
 constexpr std::chrono::milliseconds betweenLooks(20);
@@ -215,10 +216,20 @@ bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
     return line_.isOpen();
 }
 
+void KeymapGuard::letGo()
+{
+    if (line_.isOpen()) {
+        static_cast<void>(::send(line_.get(), &wordToLetGo, 1, MSG_NOSIGNAL));
+        line_ = FileDescriptor();
+    }
+}
+
+// Disconnecting ends a connection for every process that has it. A guard that is still to act has it: what is
+// ended in its place is the line.
 KeymapGuard::~KeymapGuard()
 {
     if (line_.isOpen()) {
-        static_cast<void>(::send(line_.get(), &letGo, 1, MSG_NOSIGNAL));
+        dup3(line_.get(), xcb_get_file_descriptor(connection_.get()), O_CLOEXEC);
     }
 }
 

@@ -17,7 +17,7 @@ public:
     KeymapGuard() = default;
     KeymapGuard(const KeymapGuard &) = delete;
     KeymapGuard &operator=(const KeymapGuard &) = delete;
-    // Lets the guard go: nothing is changed any more.
+    // Where the guard has not been let go, it acts.
     ~KeymapGuard();
 
     // Waits until no other program has a guard on the display, 5 s at most; says whether that is so. Then
@@ -29,6 +29,8 @@ public:
     // From now on to these: another program has changed the rest, which is left to it. What it changes within
     // the half second before the guard acts is lost. REQUIRES: no more than at the start.
     void change(const XKeyMeanings &meanings);
+    // The keymap has been put right: the guard is to change nothing any more.
+    void letGo();
 
 private:
     [[nodiscard]] bool takeSelection(xcb_window_t window, xcb_atom_t turn);

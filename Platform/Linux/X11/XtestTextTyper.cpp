@@ -55,16 +55,27 @@ QString XtestTextTyper::open()
 XtestTextTyper::~XtestTextTyper()
 {
     static_cast<void>(finish());
+    if (guard_ && !hasLentKeys_) {
+        guard_->letGo();
+    }
 }
 
 bool XtestTextTyper::finish()
 {
-    if (std::exchange(typedSymbols_, 0) > 0 && connection_.isOpen()) {
+    if (hasLentKeys_ && connection_.isOpen()) {
         isRead_ = isRead_ && awaitKeyReaders(connection_);
-        keys_->giveBack();
-        connection_.sync();
+        hasLentKeys_ = !putKeymapRight();
     }
     return isOpen();
+}
+
+// Whether it is known that the server has handled it: what is on its way to a server when the connection
+// breaks may be lost.
+bool XtestTextTyper::putKeymapRight()
+{
+    const bool isGivenBack = keys_->giveBack();
+    connection_.sync();
+    return isGivenBack && connection_.isOpen();
 }
 
 bool XtestTextTyper::post(const CharacterEvent &event)
@@ -105,6 +116,7 @@ bool XtestTextTyper::type(KeySymbol symbol)
         if (!isRead_) {
             return false;
         }
+        hasLentKeys_ = true;
         keys_->lend(nextSymbols(symbol));
         tellGuard();
     }

@@ -33,6 +33,7 @@ private:
     void leaveToOthers();
     void tellGuard();
     [[nodiscard]] bool type(KeySymbol symbol);
+    [[nodiscard]] bool putKeymapRight();
     [[nodiscard]] std::vector<KeySymbol> nextSymbols(KeySymbol first) const;
     void postKey(xcb_keycode_t key);
 
@@ -42,8 +43,9 @@ private:
     std::u16string pressed_;
     bool isRead_ = true; // what was typed so far, where it can be known
     std::optional<LentKeys> keys_;
+    bool hasLentKeys_ = false;
     std::size_t guardedKeys_ = 0;
-    std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
+    std::optional<KeymapGuard> guard_; // goes first: what could be put right of the keymap has been by then
 };
 
 } // namespace platform
