@@ -24,6 +24,7 @@ namespace {
 
 constexpr timespec lookUpTime{0, 500'000'000};
 constexpr char wordToLetGo = 'l';
+constexpr char wordOfGuard = 'g';            // that it is there
 constexpr std::size_t mostBytes = 1U << 16U; // of all keys there are, each a row of its own
 constexpr std::chrono::seconds patience(5);
 constexpr std::chrono::milliseconds betweenLooks(20);
@@ -100,6 +101,7 @@ void awaitAnswer(int socket)
 {
     setsid();
     closeAllBut(line, socket);
+    static_cast<void>(::send(line, &wordOfGuard, 1, MSG_NOSIGNAL));
     if (!isLetGo(line, buffer, size)) {
         nanosleep(&lookUpTime, nullptr);
         if (send(socket, buffer.first(size))) {
@@ -118,6 +120,15 @@ template <class Function> void withoutSignals(const Function &function)
     pthread_sigmask(SIG_SETMASK, &all, &before);
     function();
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+template <class Call> auto untilDone(const Call &call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
 }
 
 } // namespace
@@ -186,14 +197,16 @@ void KeymapGuard::change(const XKeyMeanings &meanings)
     static_cast<void>(::send(line_.get(), requests.data(), requests.size(), MSG_NOSIGNAL));
 }
 
-// The process between the two ends at once, so that the guard is nobody's child.
+// The process between the two ends at once, so that the guard is nobody's child. How it ended nobody tells a
+// program that ignores the ends of its children, and another part of this one may have asked first; so the
+// guard itself says that it is there.
 bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
 {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         return false;
     }
-    const FileDescriptor guardsEnd(ends[0]);
+    FileDescriptor guardsEnd(ends[0]);
     FileDescriptor ownEnd(ends[1]);
     const int socket = xcb_get_file_descriptor(connection_.get());
     const auto size = requests.size();
@@ -206,11 +219,15 @@ bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
             if (grandchild == 0) {
                 guard(guardsEnd.get(), socket, requests, size);
             }
-            _exit(grandchild > 0 ? 0 : 1);
+            _exit(0);
         }
     });
-    int status = -1;
-    if (child > 0 && waitpid(child, &status, 0) == child && status == 0) {
+    guardsEnd = FileDescriptor(); // so that the line is closed where there is no guard
+    if (child > 0) {
+        untilDone([child] { return waitpid(child, nullptr, 0); });
+    }
+    char word = 0;
+    if (untilDone([&] { return read(ownEnd.get(), &word, 1); }) == 1) {
         line_ = std::move(ownEnd);
     }
     return line_.isOpen();

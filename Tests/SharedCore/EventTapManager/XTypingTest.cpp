@@ -34,6 +34,22 @@ TEST_F(XTypingTest, ATextArrivesWholeInATerminalWithItsLinesAndTabs)
     EXPECT_THAT(typedIntoTerminal(), Eq(expected));
 }
 
+// Some launchers ignore the ends of their children, and what they start inherits that.
+TEST_F(XTypingTest, AProgramThatIgnoresTheEndsOfItsChildrenTypes)
+{
+    const auto before = keymap();
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    testsupport::ChildProcess typing(
+        QStringLiteral("env"),
+        {QStringLiteral("--ignore-signal=CHLD"), QStringLiteral(TYPING_PROGRAM), QStringLiteral("ab")},
+        runtime_.environment());
+    EXPECT_EQ(typing.waitForExit(), 0);
+    EXPECT_TRUE(terminalComesToHave("ab"));
+    EXPECT_THAT(typedIntoTerminal(), Eq("ab"));
+    EXPECT_EQ(keymap(), before);
+}
+
 // A user of another layout than that of the text.
 TEST_F(XTypingTest, TheLayoutDoesNotMatter)
 {
