@@ -135,7 +135,7 @@ template <class Call> auto untilDone(const Call &call)
 
 // A selection has one owner, and none once the connection of its owner has ended: here, when both this
 // process and the one beside it are done with it.
-bool KeymapGuard::takesTurn()
+bool KeymapGuard::takesTurn(const std::stop_token &stop)
 {
     if (!connection_.isOpen() || !startKeyboardExtensions(connection_)) {
         return false;
@@ -149,7 +149,8 @@ bool KeymapGuard::takesTurn()
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     const auto deadline = std::chrono::steady_clock::now() + patience;
     bool isTaken = atom && takeSelection(window, atom->atom);
-    while (atom && !isTaken && connection_.isOpen() && std::chrono::steady_clock::now() < deadline) {
+    while (atom && !isTaken && connection_.isOpen() && !stop.stop_requested() &&
+           std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(betweenLooks);
         isTaken = takeSelection(window, atom->atom);
     }

@@ -4,6 +4,8 @@
 #include "Platform/Linux/FileDescriptor.h"
 #include "Platform/Linux/X11/XKeymap.h"
 
+#include <stop_token>
+
 namespace platform {
 
 // A process beside this one, with a connection of its own to the X server. When this one ends without having
@@ -20,9 +22,9 @@ public:
     // Where the guard has not been let go, it acts.
     ~KeymapGuard();
 
-    // Waits until no other program has a guard on the display, 5 s at most; says whether that is so. Then
-    // none has before this one is gone.
-    [[nodiscard]] bool takesTurn();
+    // Waits until no other program has a guard on the display, 5 s at most and not once it is to stop; says
+    // whether that is so. Then none has before this one is gone.
+    [[nodiscard]] bool takesTurn(const std::stop_token &stop);
     // Starts the process, which is to see to these meanings. False where there is none. REQUIRES: takesTurn()
     // was true.
     [[nodiscard]] bool start(const XKeyMeanings &meanings);
