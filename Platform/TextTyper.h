@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <memory>
+#include <stop_token>
 #include <string_view>
 
 namespace platform {
@@ -52,8 +53,11 @@ public:
     virtual ~TypingServices() = default;
 
     // Prepares for a text, which is then posted in order. Nothing where the system has no way to type now;
-    // `why`, one English sentence for trouble-shooting, then says so.
-    [[nodiscard]] virtual std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why) = 0;
+    // `why`, one English sentence for trouble-shooting, then says so. From the moment on in which `stop` is
+    // requested nobody waits for other programs or for windows of this one, here or in the typer: what these
+    // have not read counts as unread.
+    [[nodiscard]] virtual std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why,
+                                                          const std::stop_token &stop) = 0;
 
     // Whether what is typed now goes to a window of this program itself, which reads it in the event loop of
     // the main thread: somebody who types and waits must not hold that up. Main thread.

@@ -6,6 +6,7 @@
 #include <QTextBoundaryFinder>
 #include <QThread>
 
+#include <condition_variable>
 #include <mutex>
 #include <stop_token>
 #include <thread>
@@ -14,7 +15,37 @@ namespace sharedcore {
 
 namespace {
 
-std::mutex typing; // one text at a time
+// One text at a time.
+class Turn
+{
+public:
+    // Waits for it, but no longer than until a stop is requested.
+    explicit Turn(const std::stop_token &stop)
+    {
+        std::unique_lock lock(mutex);
+        isTaken_ = ended.wait(lock, stop, [] { return !isAnyTaken; });
+        isAnyTaken = isAnyTaken || isTaken_;
+    }
+    Turn(const Turn &) = delete;
+    Turn &operator=(const Turn &) = delete;
+    ~Turn()
+    {
+        if (isTaken_) {
+            const std::scoped_lock lock(mutex);
+            isAnyTaken = false;
+            ended.notify_one();
+        }
+    }
+
+    [[nodiscard]] bool isTaken() const { return isTaken_; }
+
+private:
+    static inline std::mutex mutex; // of what follows
+    static inline std::condition_variable_any ended;
+    static inline bool isAnyTaken = false;
+
+    bool isTaken_;
+};
 
 bool typeCharacter(platform::TextTyper &typer, std::u16string_view units)
 {
@@ -50,13 +81,14 @@ bool typeCharacters(platform::TextTyper &typer, const QString &text, const Sleep
 bool typeOnThisThread(const QString &text, platform::TypingServices &services, const Sleep &sleep,
                       const std::stop_token &stop)
 {
-    const std::scoped_lock lock(typing);
+    const Turn turn(stop);
     QString why;
-    const auto typer = services.open(unitsOf(text), why);
+    const auto typer = turn.isTaken() ? services.open(unitsOf(text), why, stop) : nullptr;
     return typer && typeCharacters(*typer, text, sleep, stop);
 }
 
-// The end of the application ends it too.
+// The end of the application ends it too. From then on nothing of the thread may wait for a window of this
+// program, since this thread, which reads for it, waits for that one.
 bool typeBesideTheEventLoop(const QString &text, platform::TypingServices &services, const Sleep &sleep)
 {
     QEventLoop loop;

@@ -24,7 +24,8 @@ inline constexpr std::chrono::microseconds pauseAfterCharacter(10'000);
 //
 // On the main thread, where a window of this program has the focus, the event loop goes on meanwhile, as in a
 // modal dialog: the window takes in the text before the call returns, and whatever else happens is handled
-// too. A text that is begun in such a handler is typed after the first one.
+// too. A text that is begun in such a handler is typed after the first one. The end of the application ends
+// them both, and nobody waits for the window any more.
 //
 // False where something of the text could not be handed over: there is no way to type here, and the call
 // returns at once; or the way was lost; or single characters cannot be typed here, and the others were; or

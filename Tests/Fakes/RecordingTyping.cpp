@@ -1,5 +1,8 @@
 #include "Tests/Fakes/RecordingTyping.h"
 
+#include <condition_variable>
+#include <mutex>
+
 namespace fakes {
 
 namespace {
@@ -7,8 +10,9 @@ namespace {
 class RecordingTyper final : public platform::TextTyper
 {
 public:
-    explicit RecordingTyper(RecordingTyping &record)
+    RecordingTyper(RecordingTyping &record, std::stop_token stop)
         : record_(record)
+        , stop_(std::move(stop))
     {}
     ~RecordingTyper() override { ++record_.closedCount; }
 
@@ -22,22 +26,33 @@ public:
     }
 
     bool isOpen() const override { return !record_.isLost; }
-    bool finish() override { return isOpen() && record_.isRead; }
+    bool finish() override
+    {
+        if (record_.whenUnread) {
+            record_.whenUnread();
+            std::mutex unshared;
+            std::unique_lock lock(unshared);
+            std::condition_variable_any().wait(lock, stop_, [] { return false; });
+        }
+        return isOpen() && record_.isRead && !record_.whenUnread;
+    }
 
 private:
     RecordingTyping &record_;
+    std::stop_token stop_;
 };
 
 } // namespace
 
-std::unique_ptr<platform::TextTyper> RecordingTyping::open(std::u16string_view text, QString &why)
+std::unique_ptr<platform::TextTyper> RecordingTyping::open(std::u16string_view text, QString &why,
+                                                           const std::stop_token &stop)
 {
     opened.emplace_back(text);
     if (!hasWay) {
         why = QStringLiteral("There is none.");
         return nullptr;
     }
-    return std::make_unique<RecordingTyper>(*this);
+    return std::make_unique<RecordingTyper>(*this, stop);
 }
 
 } // namespace fakes

@@ -76,7 +76,8 @@ void XRelay::run()
     std::vector<std::thread> clients;
     while (!isEnding_) {
         if (isReadable(listener_)) {
-            clients.emplace_back([this, client = accept(listener_, nullptr, nullptr)] { serve(client); });
+            clients.emplace_back([this, client = accept(listener_, nullptr, nullptr),
+                                  isFirst = clients.empty()] { serve(client, isFirst); });
         }
     }
     for (auto &client : clients) {
@@ -84,12 +85,12 @@ void XRelay::run()
     }
 }
 
-void XRelay::serve(int client)
+void XRelay::serve(int client, bool isFirst)
 {
     const int server = openSocket(server_, connect);
     std::array<pollfd, 2> ends{{{client, POLLIN, 0}, {server, POLLIN, 0}}};
     bool isOpen = server >= 0;
-    while (isOpen && !isEnding_) {
+    while (isOpen && !isEnding_ && !(isFirst && isFirstLost_)) {
         poll(ends.data(), ends.size(), pause);
         isOpen = (ends[0].revents == 0 || hand(client, server, true)) &&
                  (ends[1].revents == 0 || hand(server, client, false));
@@ -107,7 +108,7 @@ bool XRelay::hand(int from, int to, bool isRequest)
         return false;
     }
     QByteArray bytes(buffer.data(), length);
-    if (isRequest && bytes.contains(from_)) {
+    if (isRequest && !from_.isEmpty() && bytes.contains(from_)) {
         hasChangedAny_ = true;
         bytes.replace(from_, to_);
     }

@@ -89,18 +89,29 @@ private:
     {
         session_ = std::make_unique<RemoteDesktopSession>(bus_, *portal_.description(), token_.load());
         connect(session_.get(), &RemoteDesktopSession::started, this, [this](const QString &token) {
-            token_.save(token);
-            line_->tell(State::running);
+            if (session_->hasKeyboard()) {
+                token_.save(token);
+                line_->tell(State::running);
+            } else {
+                refuse();
+            }
         });
         connect(session_.get(), &RemoteDesktopSession::ended, this, [this](RemoteDesktopSession::End end) {
-            isRefused_ = end == RemoteDesktopSession::End::refused;
-            if (isRefused_) {
-                token_.save({}); // it was not enough
+            if (end == RemoteDesktopSession::End::refused) {
+                refuse();
+            } else {
+                drop(QStringLiteral("The desktop closed the session."));
             }
-            drop(isRefused_ ? QStringLiteral("The user does not let the program type.")
-                            : QStringLiteral("The desktop closed the session."));
         });
         session_->open();
+    }
+
+    // The user may grant the pointer alone. A token would restore such a grant without a question.
+    void refuse()
+    {
+        isRefused_ = true;
+        token_.save({});
+        drop(QStringLiteral("The user does not let the program type."));
     }
 
     void drop(const QString &obstacle)

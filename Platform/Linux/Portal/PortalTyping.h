@@ -16,9 +16,9 @@ namespace platform {
 // One session of the portal, opened for the first text and kept; it lives on a thread of its own, so that a
 // caller can wait for it on any thread. The desktop asks the user, who may take any time: a text that comes
 // before the answer waits a second at most and is then not typed, and the next one tries again. What the user
-// refused is not asked for again. The portal's keyboard is the user's own: it types what the layout has and
-// leaves out the rest, and keys that the user holds count. Any thread. REQUIRES: a Qt application. Its end
-// ends the session, and a text that is being typed then.
+// refused is not asked for again; the pointer without the keyboard is a refusal. The portal's keyboard is the
+// user's own: it types what the layout has and leaves out the rest, and keys that the user holds count. Any
+// thread. REQUIRES: a Qt application. Its end ends the session, and a text that is being typed then.
 class PortalTyping
 {
 public:

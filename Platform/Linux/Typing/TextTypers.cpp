@@ -20,25 +20,29 @@ struct Way
 {
     const char *name;
     unsigned sessions; // the kinds of session that it is for
-    std::unique_ptr<TextTyper> (*open)(PortalTyping &portal, std::u16string_view text, QString &why);
+    std::unique_ptr<TextTyper> (*open)(PortalTyping &portal, std::u16string_view text, QString &why,
+                                       const std::stop_token &stop);
 };
 
 constexpr std::array ways{
     Way{"xtest", x11,
-        [](PortalTyping & /*portal*/, std::u16string_view text, QString &why) {
-            return XtestTextTyper::create(text, why);
+        [](PortalTyping & /*portal*/, std::u16string_view text, QString &why, const std::stop_token &stop) {
+            return XtestTextTyper::create(text, why, stop);
         }},
     Way{"wlroots", wayland,
-        [](PortalTyping & /*portal*/, std::u16string_view text, QString &why) {
+        [](PortalTyping & /*portal*/, std::u16string_view text, QString &why, const std::stop_token &) {
             return WlrootsTextTyper::create(text, why);
         }},
     Way{"portal", wayland,
-        [](PortalTyping &portal, std::u16string_view /*text*/, QString &why) { return portal.open(why); }},
+        [](PortalTyping &portal, std::u16string_view /*text*/, QString &why, const std::stop_token &) {
+            return portal.open(why);
+        }},
 };
 
 } // namespace
 
-std::unique_ptr<TextTyper> LinuxTyping::open(std::u16string_view text, QString &why)
+std::unique_ptr<TextTyper> LinuxTyping::open(std::u16string_view text, QString &why,
+                                             const std::stop_token &stop)
 {
     const auto wanted = qgetenv("STIRRA_INPUT_BACKEND");
     const bool isForbidden = wanted == "none" || wanted == "uinput";
@@ -47,7 +51,7 @@ std::unique_ptr<TextTyper> LinuxTyping::open(std::u16string_view text, QString &
     why = QStringLiteral("STIRRA_INPUT_BACKEND allows no way to type.");
     for (const auto &way : ways) {
         const bool isTried = isForced ? wanted == way.name : (way.sessions & session) != 0;
-        auto typer = isTried && !isForbidden ? way.open(portal_, text, why) : nullptr;
+        auto typer = isTried && !isForbidden ? way.open(portal_, text, why, stop) : nullptr;
         if (typer) {
             return typer;
         }

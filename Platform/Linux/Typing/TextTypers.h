@@ -13,7 +13,8 @@ namespace platform {
 class LinuxTyping final : public TypingServices
 {
 public:
-    std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why) override;
+    std::unique_ptr<TextTyper> open(std::u16string_view text, QString &why,
+                                    const std::stop_token &stop) override;
     bool typesIntoOwnWindow() const override;
 
 private:

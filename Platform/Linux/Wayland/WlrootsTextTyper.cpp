@@ -105,16 +105,20 @@ bool WlrootsTextTyper::type(KeySymbol symbol)
     return true;
 }
 
-// With the symbols that come next in the text.
+// With the symbols that come next in the text. The compositor looks codes up in the keymap that it was sent
+// last: one that could not be sent is not the keyboard's.
 bool WlrootsTextTyper::takeKeymapFor(KeySymbol symbol)
 {
     std::vector next{symbol};
     const auto first = std::min(typedCount_, symbols_.size());
     next.insert(next.end(), symbols_.begin() + static_cast<std::ptrdiff_t>(first), symbols_.end());
-    keymap_.emplace(next);
-    const bool isSent = sendKeymap(keyboard_.get(), keymap_->text());
+    TypingKeymap keymap(next);
+    if (!sendKeymap(keyboard_.get(), keymap.text())) {
+        return false;
+    }
+    keymap_ = std::move(keymap);
     zwp_virtual_keyboard_v1_modifiers(keyboard_.get(), 0, 0, 0, 0);
-    return isSent;
+    return true;
 }
 
 } // namespace platform

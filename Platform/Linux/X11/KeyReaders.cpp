@@ -1,13 +1,17 @@
 #include "Platform/Linux/X11/KeyReaders.h"
 
+#include "Platform/Linux/FileDescriptor.h"
+
 #include <poll.h>
+#include <sys/eventfd.h>
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <string_view>
-#include <thread>
 
 namespace platform {
 
@@ -19,6 +23,28 @@ using std::chrono::milliseconds;
 constexpr milliseconds patience(5000);
 constexpr milliseconds timeOfOthers(500);
 constexpr int mostGenerations = 16;
+
+// Can be read from the moment on in which a stop is requested.
+class StopFile
+{
+public:
+    explicit StopFile(const std::stop_token &stop)
+        : file_(eventfd(0, EFD_CLOEXEC))
+        , whenRequested_(stop, Write{file_.get()})
+    {}
+
+    [[nodiscard]] int get() const { return file_.get(); }
+
+private:
+    struct Write
+    {
+        int file;
+        void operator()() const { eventfd_write(file, 1); }
+    };
+
+    FileDescriptor file_;
+    std::stop_callback<Write> whenRequested_;
+};
 
 struct Atoms
 {
@@ -110,23 +136,25 @@ bool isEnd(const xcb_generic_event_t &event, xcb_window_t window)
     return event.response_type == XCB_DESTROY_NOTIFY && end.window == window;
 }
 
-bool awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping)
+bool awaitAnswer(XConnection &connection, const xcb_client_message_event_t &ping, const std::stop_token &stop)
 {
     const auto deadline = Clock::now() + patience;
-    pollfd file{xcb_get_file_descriptor(connection.get()), POLLIN, 0};
-    while (connection.isOpen() && Clock::now() < deadline) {
+    const StopFile stopFile(stop);
+    std::array<pollfd, 2> files{
+        {{xcb_get_file_descriptor(connection.get()), POLLIN, 0}, {stopFile.get(), POLLIN, 0}}};
+    while (connection.isOpen() && !stop.stop_requested() && Clock::now() < deadline) {
         while (const auto event = XReply<xcb_generic_event_t>(xcb_poll_for_event(connection.get()))) {
             if (isAnswer(*event, ping) || isEnd(*event, ping.window)) {
                 return true;
             }
         }
         const auto left = std::chrono::ceil<milliseconds>(deadline - Clock::now());
-        poll(&file, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+        poll(files.data(), files.size(), static_cast<int>(std::max(left, milliseconds(0)).count()));
     }
     return false;
 }
 
-bool ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
+bool ask(XConnection &connection, xcb_window_t window, const Atoms &atoms, const std::stop_token &stop)
 {
     const auto ping = pingOf(window, atoms);
     // Programs send their answers to the root window, whoever asked: to the listeners that the convention
@@ -137,23 +165,31 @@ bool ask(XConnection &connection, xcb_window_t window, const Atoms &atoms)
     xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&ping)); // NOLINT
     xcb_flush(connection.get());
-    const bool isAnswered = awaitAnswer(connection, ping);
+    const bool isAnswered = awaitAnswer(connection, ping, stop);
     listenAt(connection, connection.rootWindow(), XCB_EVENT_MASK_NO_EVENT);
     listenAt(connection, window, XCB_EVENT_MASK_NO_EVENT);
     connection.flush();
     return isAnswered;
 }
 
+// False where a stop is requested before the time is over.
+bool letPass(milliseconds time, const std::stop_token &stop)
+{
+    std::mutex unshared;
+    std::unique_lock lock(unshared);
+    std::condition_variable_any().wait_for(lock, stop, time, [] { return false; });
+    return !stop.stop_requested();
+}
+
 } // namespace
 
-bool awaitKeyReaders(XConnection &connection)
+bool awaitKeyReaders(XConnection &connection, const std::stop_token &stop)
 {
     const Atoms atoms{atomNamed(connection, "WM_PROTOCOLS"), atomNamed(connection, "_NET_WM_PING")};
     if (const auto window = windowToAsk(connection, atoms)) {
-        return ask(connection, *window, atoms);
+        return ask(connection, *window, atoms, stop);
     }
-    std::this_thread::sleep_for(timeOfOthers);
-    return true;
+    return letPass(timeOfOthers, stop);
 }
 
 } // namespace platform

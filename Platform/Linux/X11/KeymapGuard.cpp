@@ -1,5 +1,6 @@
 #include "Platform/Linux/X11/KeymapGuard.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -22,7 +23,8 @@ namespace platform {
 namespace {
 
 constexpr timespec lookUpTime{0, 500'000'000};
-constexpr char letGo = 'l';
+constexpr char wordToLetGo = 'l';
+constexpr char wordOfGuard = 'g';            // that it is there
 constexpr std::size_t mostBytes = 1U << 16U; // of all keys there are, each a row of its own
 constexpr std::chrono::seconds patience(5);
 constexpr std::chrono::milliseconds betweenLooks(20);
@@ -99,6 +101,7 @@ void awaitAnswer(int socket)
 {
     setsid();
     closeAllBut(line, socket);
+    static_cast<void>(::send(line, &wordOfGuard, 1, MSG_NOSIGNAL));
     if (!isLetGo(line, buffer, size)) {
         nanosleep(&lookUpTime, nullptr);
         if (send(socket, buffer.first(size))) {
@@ -119,11 +122,20 @@ template <class Function> void withoutSignals(const Function &function)
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
+template <class Call> auto untilDone(const Call &call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
 } // namespace
 
 // A selection has one owner, and none once the connection of its owner has ended: here, when both this
 // process and the one beside it are done with it.
-bool KeymapGuard::takesTurn()
+bool KeymapGuard::takesTurn(const std::stop_token &stop)
 {
     if (!connection_.isOpen() || !startKeyboardExtensions(connection_)) {
         return false;
@@ -137,7 +149,8 @@ bool KeymapGuard::takesTurn()
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
     const auto deadline = std::chrono::steady_clock::now() + patience;
     bool isTaken = atom && takeSelection(window, atom->atom);
-    while (atom && !isTaken && connection_.isOpen() && std::chrono::steady_clock::now() < deadline) {
+    while (atom && !isTaken && connection_.isOpen() && !stop.stop_requested() &&
+           std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(betweenLooks);
         isTaken = takeSelection(window, atom->atom);
     }
@@ -185,14 +198,16 @@ void KeymapGuard::change(const XKeyMeanings &meanings)
     static_cast<void>(::send(line_.get(), requests.data(), requests.size(), MSG_NOSIGNAL));
 }
 
-// The process between the two ends at once, so that the guard is nobody's child.
+// The process between the two ends at once, so that the guard is nobody's child. How it ended nobody tells a
+// program that ignores the ends of its children, and another part of this one may have asked first; so the
+// guard itself says that it is there.
 bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
 {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         return false;
     }
-    const FileDescriptor guardsEnd(ends[0]);
+    FileDescriptor guardsEnd(ends[0]);
     FileDescriptor ownEnd(ends[1]);
     const int socket = xcb_get_file_descriptor(connection_.get());
     const auto size = requests.size();
@@ -205,20 +220,34 @@ bool KeymapGuard::fork(std::vector<std::uint8_t> requests)
             if (grandchild == 0) {
                 guard(guardsEnd.get(), socket, requests, size);
             }
-            _exit(grandchild > 0 ? 0 : 1);
+            _exit(0);
         }
     });
-    int status = -1;
-    if (child > 0 && waitpid(child, &status, 0) == child && status == 0) {
+    guardsEnd = FileDescriptor(); // so that the line is closed where there is no guard
+    if (child > 0) {
+        untilDone([child] { return waitpid(child, nullptr, 0); });
+    }
+    char word = 0;
+    if (untilDone([&] { return read(ownEnd.get(), &word, 1); }) == 1) {
         line_ = std::move(ownEnd);
     }
     return line_.isOpen();
 }
 
+void KeymapGuard::letGo()
+{
+    if (line_.isOpen()) {
+        static_cast<void>(::send(line_.get(), &wordToLetGo, 1, MSG_NOSIGNAL));
+        line_ = FileDescriptor();
+    }
+}
+
+// Disconnecting ends a connection for every process that has it. A guard that is still to act has it: what is
+// ended in its place is the line.
 KeymapGuard::~KeymapGuard()
 {
     if (line_.isOpen()) {
-        static_cast<void>(::send(line_.get(), &letGo, 1, MSG_NOSIGNAL));
+        dup3(line_.get(), xcb_get_file_descriptor(connection_.get()), O_CLOEXEC);
     }
 }
 

@@ -4,6 +4,8 @@
 #include "Platform/Linux/FileDescriptor.h"
 #include "Platform/Linux/X11/XKeymap.h"
 
+#include <stop_token>
+
 namespace platform {
 
 // A process beside this one, with a connection of its own to the X server. When this one ends without having
@@ -17,18 +19,20 @@ public:
     KeymapGuard() = default;
     KeymapGuard(const KeymapGuard &) = delete;
     KeymapGuard &operator=(const KeymapGuard &) = delete;
-    // Lets the guard go: nothing is changed any more.
+    // Where the guard has not been let go, it acts.
     ~KeymapGuard();
 
-    // Waits until no other program has a guard on the display, 5 s at most; says whether that is so. Then
-    // none has before this one is gone.
-    [[nodiscard]] bool takesTurn();
+    // Waits until no other program has a guard on the display, 5 s at most and not once it is to stop; says
+    // whether that is so. Then none has before this one is gone.
+    [[nodiscard]] bool takesTurn(const std::stop_token &stop);
     // Starts the process, which is to see to these meanings. False where there is none. REQUIRES: takesTurn()
     // was true.
     [[nodiscard]] bool start(const XKeyMeanings &meanings);
     // From now on to these: another program has changed the rest, which is left to it. What it changes within
     // the half second before the guard acts is lost. REQUIRES: no more than at the start.
     void change(const XKeyMeanings &meanings);
+    // The keymap has been put right: the guard is to change nothing any more.
+    void letGo();
 
 private:
     [[nodiscard]] bool takeSelection(xcb_window_t window, xcb_atom_t turn);

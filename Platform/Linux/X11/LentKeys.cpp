@@ -174,14 +174,16 @@ std::optional<xcb_keycode_t> LentKeys::keyOf(KeySymbol symbol) const
     return key == lent_.end() ? std::nullopt : std::optional(key->first);
 }
 
-void LentKeys::giveBack()
+bool LentKeys::giveBack()
 {
     const ServerGrab grab(connection_);
-    if (const auto keymap = readKeymap(connection_, coreKeyboard)) {
+    const auto keymap = readKeymap(connection_, coreKeyboard);
+    if (keymap) {
         dropStolenKeys(*keymap);
         change(*keymap, originals_);
         lent_.clear();
     }
+    return keymap.has_value();
 }
 
 // Each row of keys is an event to every program on the desktop, and a reason for some to read all of the

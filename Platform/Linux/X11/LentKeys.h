@@ -32,8 +32,9 @@ public:
     void lend(std::span<const KeySymbol> symbols);
     // The key that has a symbol.
     [[nodiscard]] std::optional<xcb_keycode_t> keyOf(KeySymbol symbol) const;
-    // The keys have their old meaning again when the server has handled it.
-    void giveBack();
+    // The keys have their old meaning again when the server has handled it. False where it does not tell what
+    // they mean now: they are left as they are.
+    [[nodiscard]] bool giveBack();
 
 private:
     [[nodiscard]] xcb_keycode_t keyWithoutOneOf(std::span<const KeySymbol> symbols) const;

@@ -12,9 +12,10 @@
 
 namespace platform {
 
-std::unique_ptr<TextTyper> XtestTextTyper::create(std::u16string_view text, QString &why)
+std::unique_ptr<TextTyper> XtestTextTyper::create(std::u16string_view text, QString &why,
+                                                  std::stop_token stop)
 {
-    std::unique_ptr<XtestTextTyper> typer(new XtestTextTyper(text));
+    std::unique_ptr<XtestTextTyper> typer(new XtestTextTyper(text, std::move(stop)));
     auto obstacle = typer->open();
     if (!obstacle.isEmpty()) {
         why = std::move(obstacle);
@@ -23,8 +24,9 @@ std::unique_ptr<TextTyper> XtestTextTyper::create(std::u16string_view text, QStr
     return typer;
 }
 
-XtestTextTyper::XtestTextTyper(std::u16string_view text)
+XtestTextTyper::XtestTextTyper(std::u16string_view text, std::stop_token stop)
     : symbols_(platform::typedSymbols(text))
+    , stop_(std::move(stop))
 {}
 
 QString XtestTextTyper::open()
@@ -39,7 +41,7 @@ QString XtestTextTyper::open()
     if (isXwayland(connection_)) {
         return QStringLiteral("The X server is Xwayland: what is typed there reaches X programs alone.");
     }
-    if (!guard_.emplace().takesTurn()) {
+    if (!guard_.emplace().takesTurn(stop_)) {
         return QStringLiteral("Another program types.");
     }
     keys_.emplace(connection_);
@@ -55,16 +57,27 @@ QString XtestTextTyper::open()
 XtestTextTyper::~XtestTextTyper()
 {
     static_cast<void>(finish());
+    if (guard_ && !hasLentKeys_) {
+        guard_->letGo();
+    }
 }
 
 bool XtestTextTyper::finish()
 {
-    if (std::exchange(typedSymbols_, 0) > 0 && connection_.isOpen()) {
-        isRead_ = isRead_ && awaitKeyReaders(connection_);
-        keys_->giveBack();
-        connection_.sync();
+    if (hasLentKeys_ && connection_.isOpen()) {
+        isRead_ = isRead_ && awaitKeyReaders(connection_, stop_);
+        hasLentKeys_ = !putKeymapRight();
     }
     return isOpen();
+}
+
+// Whether it is known that the server has handled it: what is on its way to a server when the connection
+// breaks may be lost.
+bool XtestTextTyper::putKeymapRight()
+{
+    const bool isGivenBack = keys_->giveBack();
+    connection_.sync();
+    return isGivenBack && connection_.isOpen();
 }
 
 bool XtestTextTyper::post(const CharacterEvent &event)
@@ -101,10 +114,11 @@ void XtestTextTyper::tellGuard()
 bool XtestTextTyper::type(KeySymbol symbol)
 {
     if (!keys_->keyOf(symbol)) {
-        isRead_ = typedSymbols_ == 0 || awaitKeyReaders(connection_);
+        isRead_ = typedSymbols_ == 0 || awaitKeyReaders(connection_, stop_);
         if (!isRead_) {
             return false;
         }
+        hasLentKeys_ = true;
         keys_->lend(nextSymbols(symbol));
         tellGuard();
     }

@@ -18,8 +18,10 @@ class XtestTextTyper final : public TextTyper
 {
 public:
     // Nothing where there is no X server, it lacks an extension, it is Xwayland, its keymap has no key to
-    // spare, or another program types for longer than 5 s; `why` then says so.
-    [[nodiscard]] static std::unique_ptr<TextTyper> create(std::u16string_view text, QString &why);
+    // spare, or another program types for longer than 5 s; `why` then says so. No wait for programs outlasts
+    // the request to stop.
+    [[nodiscard]] static std::unique_ptr<TextTyper> create(std::u16string_view text, QString &why,
+                                                           std::stop_token stop);
     ~XtestTextTyper() override;
 
     bool post(const CharacterEvent &event) override;
@@ -27,23 +29,26 @@ public:
     bool finish() override;
 
 private:
-    explicit XtestTextTyper(std::u16string_view text);
+    XtestTextTyper(std::u16string_view text, std::stop_token stop);
 
     [[nodiscard]] QString open();
     void leaveToOthers();
     void tellGuard();
     [[nodiscard]] bool type(KeySymbol symbol);
+    [[nodiscard]] bool putKeymapRight();
     [[nodiscard]] std::vector<KeySymbol> nextSymbols(KeySymbol first) const;
     void postKey(xcb_keycode_t key);
 
     XConnection connection_;
     std::vector<KeySymbol> symbols_; // of the whole text
+    std::stop_token stop_;
     std::size_t typedSymbols_ = 0;
     std::u16string pressed_;
     bool isRead_ = true; // what was typed so far, where it can be known
     std::optional<LentKeys> keys_;
+    bool hasLentKeys_ = false;
     std::size_t guardedKeys_ = 0;
-    std::optional<KeymapGuard> guard_; // goes first: the keymap has been put right by then
+    std::optional<KeymapGuard> guard_; // goes first: what could be put right of the keymap has been by then
 };
 
 } // namespace platform

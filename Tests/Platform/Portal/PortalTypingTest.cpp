@@ -120,6 +120,26 @@ TEST_F(PortalTypingTest, WhatTheUserRefusedIsNotAskedForAgain)
     EXPECT_EQ(portal->sessionCount(), 1);
 }
 
+TEST_F(PortalTypingTest, ThePointerAloneIsARefusalAndItsTokenIsNotKept)
+{
+    RemoteDesktopToken(tokenFile()).save(QStringLiteral("last-run"));
+    portal.emplace(testsupport::sessionBus(), Portal::Script{.grantedDevices = 2});
+    EXPECT_THAT(open(), IsNull());
+    EXPECT_FALSE(why.isEmpty());
+    EXPECT_EQ(RemoteDesktopToken(tokenFile()).load(), QString());
+    EXPECT_TRUE(testsupport::eventually([this] { return !portal->hasSession(); })) << "nobody uses it";
+    EXPECT_THAT(open(), IsNull());
+    EXPECT_EQ(portal->sessionCount(), 1);
+}
+
+TEST_F(PortalTypingTest, TheKeyboardAloneIsEnough)
+{
+    portal.emplace(testsupport::sessionBus(), Portal::Script{.grantedDevices = 1});
+    const auto typer = open();
+    ASSERT_THAT(typer, NotNull());
+    EXPECT_TRUE(type(*typer, u"a"));
+}
+
 TEST_F(PortalTypingTest, ATextBeforeTheAnswerIsNotTypedAndTheNextOneIs)
 {
     portal.emplace(testsupport::sessionBus(), Portal::Script{.toQuestion = Answer::later});

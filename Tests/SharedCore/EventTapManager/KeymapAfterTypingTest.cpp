@@ -2,6 +2,7 @@
 
 #include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
 #include "Tests/Support/Eventually.h"
+#include "Tests/Support/XRelay.h"
 
 #include <csignal>
 
@@ -64,6 +65,18 @@ TEST_F(KeymapAfterTypingTest, AProgramThatIsEndedWithItsGroupLeavesItAsBefore)
     ASSERT_TRUE(eventually([this] { return keymap() != before_; }));
     kill(-typing->pid(), SIGTERM);
     ASSERT_THAT(typing->waitForExit(), Optional(-SIGTERM));
+    EXPECT_TRUE(eventually([this] { return keymap() == before_; }));
+}
+
+// The server and the typing program live on, and what connects them does not.
+TEST_F(KeymapAfterTypingTest, AConnectionThatBreaksWhileTypingLeavesItAsBefore)
+{
+    testsupport::XRelay relay(server_->display());
+    runtime_.environment().insert(QStringLiteral("DISPLAY"), relay.display());
+    const auto typing = startTyping(QByteArray("abcdef").repeated(500));
+    ASSERT_TRUE(eventually([this] { return keymap() != before_; }));
+    relay.loseFirstClient();
+    EXPECT_EQ(typing->waitForExit(), 1);
     EXPECT_TRUE(eventually([this] { return keymap() == before_; }));
 }
 

@@ -1,16 +1,28 @@
 // A program that types into its own text field from its main thread: its first argument once it has the
 // focus, and its second one when the first letter of that has come. It prints the answers of the calls, in
-// the order in which they return, and then the field's text.
+// the order in which they return, and then the field's text. Where the user closes the window it ends without
+// closing it first.
 
 #include "SharedCore/EventTapManager/TextTyping.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QLineEdit>
 #include <QTimer>
 
 #include <cstdio>
 
 namespace {
+
+class Field final : public QLineEdit
+{
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        event->ignore();
+        QApplication::exit();
+    }
+};
 
 void type(const QString &text)
 {
@@ -22,7 +34,7 @@ void type(const QString &text)
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    QLineEdit field;
+    Field field;
     field.setWindowTitle(QStringLiteral("Own field"));
     bool isFirstLetter = true;
     QObject::connect(&field, &QLineEdit::textEdited, &field, [&] {

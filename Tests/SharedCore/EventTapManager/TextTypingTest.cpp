@@ -150,6 +150,36 @@ TEST_F(TextTypingTest, TheEndOfTheApplicationEndsATextIntoItsOwnWindow)
     EXPECT_LT(typing.posted.size(), text.size());
 }
 
+// The thread that would read it waits for the text's end.
+TEST_F(TextTypingTest, TheEndOfTheApplicationEndsTheWaitForItsOwnWindow)
+{
+    int argumentCount = 0;
+    QCoreApplication application(argumentCount, nullptr);
+    typing.isOwnWindow = true;
+    typing.whenUnread = [&] {
+        QMetaObject::invokeMethod(
+            &application, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+    };
+    QTimer::singleShot(0, [&] { EXPECT_FALSE(type("ab")); });
+    QCoreApplication::exec();
+    EXPECT_EQ(typing.closedCount, 1);
+}
+
+TEST_F(TextTypingTest, TheEndOfTheApplicationEndsTheWaitForAnotherText)
+{
+    int argumentCount = 0;
+    QCoreApplication application(argumentCount, nullptr);
+    typing.isOwnWindow = true;
+    const auto typeSecond = [&] {
+        QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+        EXPECT_FALSE(type("second"));
+    };
+    typing.whenUnread = [&] { QMetaObject::invokeMethod(&application, typeSecond, Qt::QueuedConnection); };
+    QTimer::singleShot(0, [&] { EXPECT_FALSE(type("first")); });
+    QCoreApplication::exec();
+    EXPECT_EQ(typing.closedCount, 1);
+}
+
 TEST_F(TextTypingTest, WhatIsNoTextIsTypedAsItsReplacement)
 {
     EXPECT_TRUE(type("a\xff\xc3"));

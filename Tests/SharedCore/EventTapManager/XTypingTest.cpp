@@ -1,12 +1,35 @@
 // Text that is typed on X11 arrives whole in programs of several toolkits and in a terminal.
 
 #include "Tests/SharedCore/EventTapManager/TypedTextTest.h"
+#include "Tests/Support/Eventually.h"
+#include "Tests/Support/XWindows.h"
 
+#include <algorithm>
 #include <csignal>
+#include <span>
 
 namespace sharedcore {
 
 using testing::Eq;
+using testing::HasSubstr;
+using testsupport::eventually;
+using testsupport::xAnswer;
+
+namespace {
+
+// Windows that are never seen, such as programs make that wait for something.
+std::ptrdiff_t invisibleWindowCount(const testsupport::XClient &x)
+{
+    const auto tree = xAnswer(xcb_query_tree_reply, x.get(), xcb_query_tree(x.get(), x.root()));
+    const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+    return std::ranges::count_if(children, [&x](xcb_window_t window) {
+        const auto attributes =
+            xAnswer(xcb_get_window_attributes_reply, x.get(), xcb_get_window_attributes(x.get(), window));
+        return attributes && attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY;
+    });
+}
+
+} // namespace
 
 TEST_F(XTypingTest, ATextArrivesWholeInAGtkEntry)
 {
@@ -32,6 +55,22 @@ TEST_F(XTypingTest, ATextArrivesWholeInATerminalWithItsLinesAndTabs)
     const auto expected = QByteArray(manyAlphabets) + "\r\tsecond\rline"; // Return is a carriage return there
     EXPECT_TRUE(terminalComesToHave(expected));
     EXPECT_THAT(typedIntoTerminal(), Eq(expected));
+}
+
+// Some launchers ignore the ends of their children, and what they start inherits that.
+TEST_F(XTypingTest, AProgramThatIgnoresTheEndsOfItsChildrenTypes)
+{
+    const auto before = keymap();
+    const auto terminal = openTerminal();
+    ASSERT_TRUE(terminal->hasFocus());
+    testsupport::ChildProcess typing(
+        QStringLiteral("env"),
+        {QStringLiteral("--ignore-signal=CHLD"), QStringLiteral(TYPING_PROGRAM), QStringLiteral("ab")},
+        runtime_.environment());
+    EXPECT_EQ(typing.waitForExit(), 0);
+    EXPECT_TRUE(terminalComesToHave("ab"));
+    EXPECT_THAT(typedIntoTerminal(), Eq("ab"));
+    EXPECT_EQ(keymap(), before);
 }
 
 // A user of another layout than that of the text.
@@ -69,6 +108,27 @@ TEST_F(XTypingTest, AProgramTypesIntoItselfFromItsMainThread)
     FocusedProgram program(*x_, QStringLiteral("Own field"), QStringLiteral(OWN_FIELD_PROGRAM),
                            {QString::fromUtf8(text), QStringLiteral("-\u6f22")}, environment);
     EXPECT_THAT(program.result(), Eq("1\n1\n" + text + "-\u6f22\n"));
+}
+
+// It reads nothing any more then. Another program waits as long for its turn as this one could for its own
+// window, and had begun before.
+TEST_F(XTypingTest, AProgramThatEndsWhileItTypesIntoItselfDoesNotWaitForItself)
+{
+    const auto before = keymap();
+    auto environment = runtime_.environment();
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    const QString title = QStringLiteral("Own field");
+    FocusedProgram program(*x_, title, QStringLiteral(OWN_FIELD_PROGRAM),
+                           {QString::fromUtf8(QByteArray("abcdef").repeated(1000)), QString()}, environment);
+    ASSERT_TRUE(eventually([&] { return keymap() != before; }));
+    const auto count = invisibleWindowCount(*x_);
+    testsupport::ChildProcess other(QStringLiteral(TYPING_PROGRAM), {QStringLiteral("x")},
+                                    runtime_.environment());
+    ASSERT_TRUE(eventually([&] { return invisibleWindowCount(*x_) > count; }));
+    testsupport::close(*x_, testsupport::windowsTitled(*x_, title).at(0));
+    EXPECT_THAT(program.result().toStdString(), HasSubstr("0\n")) << "not all of it was typed";
+    EXPECT_EQ(other.waitForExit(), 0);
+    EXPECT_EQ(keymap(), before);
 }
 
 // It may have read nothing of the text by the time that the keys have lost its characters again.
