@@ -138,8 +138,11 @@ TEST_F(StatusItemBadDaysTest, BelievesNobodyElseWhoHasAName)
 class StatusItemLostBusTest : public StatusItemTest
 {
 protected:
-    StatusItemLostBusTest() { setAddress(bus->address()); }
+    StatusItemLostBusTest() { setAddress(place()); }
     ~StatusItemLostBusTest() override { setAddress(testsupport::sessionBus().address()); }
+
+    // Each bus that is started there has it, but for the number of the one bus that may follow.
+    [[nodiscard]] QString place() const { return bus->address().section(QLatin1Char(','), 0, 0); }
 
     static void setAddress(const QString &address)
     {
@@ -151,7 +154,6 @@ protected:
         bus.reset();
         bus = std::make_unique<testsupport::PrivateBus>(runtime);
         ASSERT_TRUE(bus->isOpen());
-        setAddress(bus->address());
     }
 
     // Those of this process, which hold megabytes where the user may have as much.
@@ -181,6 +183,51 @@ TEST_F(StatusItemLostBusTest, GoesOnWithoutItAndComesBackWithItsMenu)
     ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
     testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
     EXPECT_EQ(seen.property("Status"), text("Active"));
+}
+
+TEST_F(StatusItemLostBusTest, ComesBackByItselfThoughTheBusStaysAwayForAWhile)
+{
+    {
+        const Watcher watcher(bus->connect(), true);
+        makeItem();
+        ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
+    }
+    bus->process().sendSignal(SIGKILL);
+    testsupport::letPass(std::chrono::milliseconds(1500)); // in which it looks for the bus once
+    startBusAnew();
+    const Watcher watcher(bus->connect(), true);
+    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
+    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
+    item->button()->setImage(image(10));
+    EXPECT_TRUE(eventually([&] { return seen.newIcons >= 1; }));
+}
+
+TEST_F(StatusItemLostBusTest, ForgetsThePanelThatWentWithTheBus)
+{
+    const auto isInk = [](testsupport::SeenItem &seen, const char *bytes) {
+        return eventually([&] {
+            const auto pixmaps = qdbus_cast<QList<testsupport::SeenPixmap>>(seen.property("IconPixmap"));
+            return pixmaps.value(0).bytes == QByteArray::fromHex(bytes);
+        });
+    };
+    {
+        const Watcher watcher(bus->connect(), true);
+        auto shell = bus->connect();
+        ASSERT_TRUE(shell.registerService(text("org.gnome.Shell")));
+        makeItem();
+        item->button()->setImage(image(255));
+        ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
+        testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
+        EXPECT_TRUE(isInk(seen, "d9ffffff"));
+        bus->process().sendSignal(SIGKILL); // which leaves it no time to tell anybody
+        ASSERT_TRUE(eventually([&] { return !shell.isConnected() && !seen.bus().isConnected(); }));
+    }
+    startBusAnew();
+    const Watcher watcher(bus->connect(), true);
+    item->setMenu({{"Beat", [] {}}});
+    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
+    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
+    EXPECT_TRUE(isInk(seen, "d9000000"));
 }
 
 TEST_F(StatusItemLostBusTest, ComesWhenABusThatHangsGoesOn)
