@@ -119,6 +119,18 @@ TEST_F(StatusItemBadDaysTest, AWatcherThatRefusesItIsNotTold)
     EXPECT_EQ(any.newIcons, 0);
 }
 
+// What the bus's library says in the place of an answer that does not come in time.
+TEST_F(StatusItemBadDaysTest, AWatcherThatDoesNotAnswerInTimeIsTold)
+{
+    testsupport::FakeBusService watcher(testsupport::sessionBus(), "org.kde.StatusNotifierWatcher");
+    watcher.refuse("RegisterStatusNotifierItem", "org.freedesktop.DBus.Error.NoReply");
+    watcher.answer("Get", {QVariant::fromValue(QDBusVariant(true))});
+    testsupport::SeenItem any(testsupport::sessionBus().connect(), {});
+    makeItem();
+    item->button()->setImage(image(10));
+    EXPECT_TRUE(eventually([&] { return any.newIcons >= 1; }));
+}
+
 // Only the bus itself says who has a name.
 TEST_F(StatusItemBadDaysTest, BelievesNobodyElseWhoHasAName)
 {
