@@ -9,6 +9,7 @@
 #include <sys/socket.h>
 
 #include <csignal>
+#include <limits>
 
 namespace platform {
 
@@ -82,8 +83,12 @@ TEST_F(StatusItemBadDaysTest, ItsMenuRefusesWhatMakesNoSense)
     EXPECT_EQ(refusal("Event", {text("1"), text("clicked")}), invalid);
     EXPECT_EQ(refusal("EventGroup", {QVariant::fromValue(QList<int>{1})}), invalid);
     EXPECT_EQ(refusal("Explode", {}), text("org.freedesktop.DBus.Error.UnknownMethod"));
-    const auto nothing = again->callMenu("GetLayout", {-2147483647, 2147483647, QStringList{text("")}});
-    EXPECT_TRUE(qdbus_cast<testsupport::SeenNode>(nothing.value(1)).properties.isEmpty());
+    for (const int id : {std::numeric_limits<int>::min(), -2147483647, 2147483647}) {
+        const auto nothing = again->callMenu("GetLayout", {id, 2147483647, QStringList{text("")}});
+        const auto node = qdbus_cast<testsupport::SeenNode>(nothing.value(1));
+        EXPECT_EQ(node.id, id);
+        EXPECT_TRUE(node.properties.isEmpty());
+    }
     const auto unknown = again->callMenu("GetProperty", {1, text("nonsense")});
     EXPECT_EQ(unknown.value(0).value<QDBusVariant>().variant(), text(""));
     EXPECT_TRUE(takesAClick(*again));
