@@ -114,6 +114,7 @@ TEST_F(StatusItemBadDaysTest, AWatcherThatRefusesItIsNotTold)
 {
     testsupport::FakeBusService watcher(testsupport::sessionBus(), "org.kde.StatusNotifierWatcher");
     watcher.refuse("RegisterStatusNotifierItem", "org.freedesktop.DBus.Error.AccessDenied");
+    watcher.answer("Get", {QVariant::fromValue(QDBusVariant(true))});
     testsupport::SeenItem any(testsupport::sessionBus().connect(), {});
     makeItem();
     ASSERT_TRUE(eventually([&] { return watcher.calls("RegisterStatusNotifierItem").size() == 1; }));
@@ -121,6 +122,10 @@ TEST_F(StatusItemBadDaysTest, AWatcherThatRefusesItIsNotTold)
     testsupport::SeenItem seen(testsupport::sessionBus().connect(), name);
     item->button()->setImage(image(10));
     EXPECT_EQ(seen.property("Status"), text("Active"));
+    testsupport::letPass(std::chrono::milliseconds(100)); // the refusal has yet to come
+    item->button()->setImage(image(20));
+    EXPECT_EQ(seen.property("Status"), text("Active"));
+    EXPECT_TRUE(watcher.calls("Get").empty());
     EXPECT_EQ(any.newIcons, 0);
 }
 
