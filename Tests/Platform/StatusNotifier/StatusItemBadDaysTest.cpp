@@ -1,4 +1,4 @@
-// What becomes of an item when others say what makes no sense, nothing at all, or go.
+// What becomes of an item when others say what makes no sense, or nothing at all.
 
 #include "Tests/Platform/StatusNotifier/SeenValues.h"
 #include "Tests/Platform/StatusNotifier/StatusItemTest.h"
@@ -6,9 +6,6 @@
 
 #include <QDBusMessage>
 
-#include <sys/socket.h>
-
-#include <csignal>
 #include <limits>
 
 namespace platform {
@@ -154,144 +151,6 @@ TEST_F(StatusItemBadDaysTest, BelievesNobodyElseWhoHasAName)
     ASSERT_TRUE(seen->bus().send(forgery));
     const auto pixmaps = qdbus_cast<QList<testsupport::SeenPixmap>>(seen->property("IconPixmap"));
     EXPECT_EQ(pixmaps.value(0).bytes, QByteArray::fromHex("d9000000"));
-}
-
-// The session bus of the process is one of the test's own, which it may end.
-class StatusItemLostBusTest : public StatusItemTest
-{
-protected:
-    StatusItemLostBusTest() { setAddress(place()); }
-    ~StatusItemLostBusTest() override { setAddress(testsupport::sessionBus().address()); }
-
-    // Each bus that is started there has it, but for the number of the one bus that may follow.
-    [[nodiscard]] QString place() const { return bus->address().section(QLatin1Char(','), 0, 0); }
-
-    static void setAddress(const QString &address)
-    {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address.toLocal8Bit());
-    }
-
-    void startBusAnew()
-    {
-        bus.reset();
-        bus = std::make_unique<testsupport::PrivateBus>(runtime);
-        ASSERT_TRUE(bus->isOpen());
-    }
-
-    // Those of this process, which hold megabytes where the user may have as much.
-    static void narrowSockets()
-    {
-        const int bytes = 10'000;
-        for (int file = 0; file < 256; ++file) {
-            setsockopt(file, SOL_SOCKET, SO_SNDBUF, &bytes, sizeof bytes);
-        }
-    }
-
-    testsupport::PrivateRuntime runtime;
-    std::unique_ptr<testsupport::PrivateBus> bus = std::make_unique<testsupport::PrivateBus>(runtime);
-};
-
-TEST_F(StatusItemLostBusTest, GoesOnWithoutItAndComesBackWithItsMenu)
-{
-    {
-        const Watcher watcher(bus->connect(), true);
-        makeItem();
-        ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    }
-    startBusAnew();
-    const Watcher watcher(bus->connect(), true);
-    item->button()->setImage(image(10));
-    item->setMenu({{"Beat", [] {}}});
-    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-    EXPECT_EQ(seen.property("Status"), text("Active"));
-}
-
-TEST_F(StatusItemLostBusTest, ComesBackByItselfThoughTheBusStaysAwayForAWhile)
-{
-    {
-        const Watcher watcher(bus->connect(), true);
-        makeItem();
-        ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    }
-    bus->process().sendSignal(SIGKILL);
-    testsupport::letPass(std::chrono::milliseconds(1500)); // in which it looks for the bus once
-    startBusAnew();
-    const Watcher watcher(bus->connect(), true);
-    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-    item->button()->setImage(image(10));
-    EXPECT_TRUE(eventually([&] { return seen.newIcons >= 1; }));
-}
-
-TEST_F(StatusItemLostBusTest, ForgetsThePanelThatWentWithTheBus)
-{
-    const auto isInk = [](testsupport::SeenItem &seen, const char *bytes) {
-        return eventually([&] {
-            const auto pixmaps = qdbus_cast<QList<testsupport::SeenPixmap>>(seen.property("IconPixmap"));
-            return pixmaps.value(0).bytes == QByteArray::fromHex(bytes);
-        });
-    };
-    {
-        const Watcher watcher(bus->connect(), true);
-        auto shell = bus->connect();
-        ASSERT_TRUE(shell.registerService(text("org.gnome.Shell")));
-        makeItem();
-        item->button()->setImage(image(255));
-        ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-        testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-        EXPECT_TRUE(isInk(seen, "d9ffffff"));
-        bus->process().sendSignal(SIGKILL); // which leaves it no time to tell anybody
-        ASSERT_TRUE(eventually([&] { return !shell.isConnected() && !seen.bus().isConnected(); }));
-    }
-    startBusAnew();
-    const Watcher watcher(bus->connect(), true);
-    item->setMenu({{"Beat", [] {}}});
-    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-    EXPECT_TRUE(isInk(seen, "d9000000"));
-}
-
-TEST_F(StatusItemLostBusTest, ComesWhenABusThatHangsGoesOn)
-{
-    bus->process().sendSignal(SIGSTOP);
-    makeItem();
-    ASSERT_TRUE(item->button());
-    item->button()->setImage(image(10));
-    item->setMenu({{"Beat", [] {}}});
-    bus->process().sendSignal(SIGCONT);
-    const Watcher watcher(bus->connect(), true);
-    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-    EXPECT_TRUE(seen.property("ItemIsMenu").toBool());
-}
-
-// Each frame would otherwise be kept, for as long as the bus hangs.
-TEST_F(StatusItemLostBusTest, TellsABusThatHungOfTheLastImageOnly)
-{
-    constexpr int images = 500; // more than such a socket takes
-    const Watcher watcher(bus->connect(), true);
-    makeItem();
-    ASSERT_TRUE(eventually([&] { return watcher.registered.size() == 1; }));
-    testsupport::SeenItem seen(bus->connect(), watcher.registered.at(0));
-    item->button()->setImage(image(10));
-    ASSERT_TRUE(eventually([&] { return seen.newIcons >= 1; }));
-    narrowSockets();
-    bus->process().sendSignal(SIGSTOP);
-    for (int i = 0; i < images; ++i) {
-        item->button()->setImage(image(i % 2));
-    }
-    bus->process().sendSignal(SIGCONT);
-    // Each answer comes after what was sent before it.
-    const auto hasHeardAll = [&seen] {
-        const int before = seen.newIcons;
-        return seen.property("Status").isValid() && seen.newIcons == before;
-    };
-    EXPECT_TRUE(eventually(hasHeardAll));
-    EXPECT_LT(seen.newIcons, images);
-    const int before = seen.newIcons;
-    item->button()->setImage(image(255));
-    EXPECT_TRUE(eventually([&] { return seen.newIcons == before + 1; }));
 }
 
 } // namespace
