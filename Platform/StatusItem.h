@@ -44,7 +44,7 @@ public:
 };
 
 // Main thread. It is in the panel for as long as it lives; a panel that appears late or is started anew shows
-// it again.
+// it again, also where the session's bus was started anew with it.
 class StatusItem
 {
 public:

@@ -52,6 +52,7 @@ TEST_F(GalleryMenuBarTest, HasNoWindowThatAListShows)
     openPopover();
     EXPECT_TRUE(windows().empty()); // nor does the window manager know of the popover
     gallery->click("Show Gallery", "push button");
+    EXPECT_TRUE(closes());
     ASSERT_TRUE(gallery->isUp());
     EXPECT_TRUE(isUnlisted(gallery->window()));
     ASSERT_TRUE(eventually([this] { return activeWindow(desktop.x()) == gallery->window(); }));

@@ -78,6 +78,21 @@ std::shared_ptr<void> showGround(const XClient &x)
             }};
 }
 
+// Whether nobody else has them.
+bool grabKeys(const XClient &x)
+{
+    const auto reply = xAnswer(
+        xcb_grab_keyboard_reply, x.get(),
+        xcb_grab_keyboard(x.get(), 0, x.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void releaseKeys(const XClient &x)
+{
+    xcb_ungrab_keyboard(x.get(), XCB_CURRENT_TIME);
+    x.sync();
+}
+
 int depthOf(const XClient &x, xcb_window_t window)
 {
     const auto reply = xAnswer(xcb_get_geometry_reply, x.get(), xcb_get_geometry(x.get(), window));
@@ -191,6 +206,22 @@ TEST_F(GalleryPopoverTest, HasTheKeysThoughAnotherWindowTakesTheFocus)
     openPopover();
     xcb_set_input_focus(desktop.x().get(), XCB_INPUT_FOCUS_PARENT, gallery->window(), XCB_CURRENT_TIME);
     desktop.x().sync();
+    gallery->user().press({XK_Escape});
+    EXPECT_TRUE(closes());
+}
+
+TEST_F(GalleryPopoverTest, HasTheKeysHoweverLateAnotherProgramLetsGoOfThem)
+{
+    const auto &x = desktop.x();
+    ASSERT_TRUE(grabKeys(x));
+    openPopover();
+    letPass(std::chrono::seconds(4)); // longer than anybody is asked in quick succession
+    releaseKeys(x);
+    EXPECT_TRUE(eventually([&x] {
+        const bool isFree = grabKeys(x);
+        releaseKeys(x);
+        return !isFree;
+    }));
     gallery->user().press({XK_Escape});
     EXPECT_TRUE(closes());
 }

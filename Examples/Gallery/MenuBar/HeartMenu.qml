@@ -23,6 +23,13 @@ QtObject {
             else
                 root.popover.open(place, token);
         }
+
+        // The gallery cannot have the input that a hanging popover keeps. One that is an ordinary window closes
+        // when the gallery has the focus, which it hands on until then.
+        function onGalleryWanted(): void {
+            if (root.popover.isHanging)
+                root.popover.close();
+        }
     }
 
     readonly property PopoverWindow popover: PopoverWindow {

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace gallery {
@@ -16,9 +17,11 @@ namespace {
 constexpr QMargins shadow(60, 50, 60, 70); // how far that of MenuPopoverContainer reaches
 
 // Another program may hold the pointer still: the panel, for as long as its icon is pressed. The toolkit
-// takes that refusal for a success, so it is asked for more than once.
-constexpr int grabs = 40;
-constexpr platform::Seconds untilNextGrab{0.05};
+// takes that refusal for a success, so it is asked for again and again. Most let go at once; one that does
+// not must not leave the popover without its input for good.
+constexpr int quickGrabs = 40;
+constexpr platform::Seconds untilNextQuickGrab{0.05};
+constexpr platform::Seconds untilNextGrab{0.5};
 
 // No pop-up to the toolkit, which leaves those out of what assistive technology sees.
 Qt::WindowFlags flagsOf(bool isHanging)
@@ -98,23 +101,22 @@ void PopoverWindow::exposeEvent(QExposeEvent *event)
 {
     QQuickWindow::exposeEvent(event);
     if (isHanging_ && isExposed() && !std::exchange(hasInput_, true)) {
-        takeInput(grabs);
+        ++openings_;
+        takeInput(quickGrabs);
     }
 }
 
-void PopoverWindow::takeInput(int times)
+void PopoverWindow::takeInput(int quickTimes)
 {
-    if (times == 0 || !isVisible()) {
-        return;
-    }
     setKeyboardGrabEnabled(true);
     setMouseGrabEnabled(true);
-    const auto again = [self = QPointer(this), times] {
-        if (self) {
-            self->takeInput(times - 1);
+    const auto again = [self = QPointer(this), opening = openings_, quickTimes] {
+        if (self && self->hasInput_ && self->openings_ == opening) {
+            self->takeInput(std::max(quickTimes - 1, 0));
         }
     };
-    platform::Platform::current().scheduler().after(untilNextGrab, again);
+    platform::Platform::current().scheduler().after(quickTimes > 0 ? untilNextQuickGrab : untilNextGrab,
+                                                    again);
 }
 
 void PopoverWindow::hideEvent(QHideEvent *event)

@@ -50,13 +50,14 @@ private:
     [[nodiscard]] QMargins room() const;
     void fit();
     void setShadow(bool hasShadow);
-    void takeInput(int times);
+    void takeInput(int quickTimes); // and from then on slowly, while it is open
 
     toolkit::SystemStyle style_;
     QQuickItem *content_ = nullptr;
     const bool isHanging_;
     bool hasShadow_ = false;
     bool hasInput_ = false;
+    int openings_ = 0; // so far
     bool isPressedOutside_ = false;
 };
 

@@ -109,6 +109,7 @@ void BusConnection::process()
     int done = 1;
     for (int i = 0; done > 0 && i < messagesATurn; ++i) {
         done = sd_bus_process(bus_.get(), nullptr);
+        wasLetIn_ = wasLetIn_ || sd_bus_is_ready(bus_.get()) > 0;
     }
     if (done < 0 || sd_bus_get_fd(bus_.get()) < 0) {
         end();

@@ -34,6 +34,9 @@ public:
 
     explicit BusConnection(BusPointer<sd_bus> bus);
 
+    // Whether the bus has answered to our greeting, also when it has ended since.
+    [[nodiscard]] bool wasLetIn() const { return wasLetIn_; }
+
     // Ours on the bus, such as ":1.7". REQUIRES: something came from there already.
     [[nodiscard]] std::string uniqueName() const;
 
@@ -73,6 +76,7 @@ private:
     std::unique_ptr<QSocketNotifier> writable_;
     QTimer timeout_;
     std::uint64_t due_ = UINT64_MAX; // when the timer fires, in microseconds of the monotonic clock
+    bool wasLetIn_ = false;
     bool isBehind_ = false;
 };
 

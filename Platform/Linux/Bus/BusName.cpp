@@ -44,8 +44,9 @@ int BusName::takeChange(sd_bus_message *message)
 int BusName::takeAnswer(sd_bus_message *message)
 {
     BusReader answer(message);
-    if (answer.flag() && answer.isGood()) {
-        setIsOwned(true);
+    const bool isOwned = answer.flag();
+    if (answer.isGood()) {
+        setIsOwned(isOwned);
     }
     return 0;
 }

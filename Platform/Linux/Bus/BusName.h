@@ -17,7 +17,8 @@ public:
     [[nodiscard]] bool isOwned() const { return isOwned_; }
 
 Q_SIGNALS:
-    // Somebody has it, nobody has it any more, or somebody else has it now.
+    // The first answer has come, whatever it is; and from then on: somebody has it, nobody has it any more,
+    // or somebody else has it now.
     void ownerChanged();
 
 private:

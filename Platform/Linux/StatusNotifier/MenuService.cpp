@@ -139,8 +139,11 @@ bool MenuService::has(int id) const
 
 const StatusMenuItem *MenuService::find(int id) const
 {
+    if (id < firstId_) {
+        return nullptr; // any number may come from the bus, so that the difference could be none
+    }
     const auto index = static_cast<std::size_t>(id - firstId_);
-    return id >= firstId_ && index < items_.size() ? &items_[index] : nullptr;
+    return index < items_.size() ? &items_[index] : nullptr;
 }
 
 std::vector<int> MenuService::itemIds() const

@@ -1,8 +1,17 @@
 #include "Platform/Linux/StatusNotifier/NotifierStatusItem.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
+
+namespace {
+
+// A bus that is started anew is there after a moment; one that stays away costs next to nothing.
+constexpr std::chrono::seconds firstPause(1);
+constexpr std::chrono::seconds longestPause(60);
+
+} // namespace
 
 std::shared_ptr<StatusItem> NotifierStatusItem::create(const StatusItemIdentity &identity,
                                                        const Appearance &appearance)
@@ -23,7 +32,14 @@ NotifierStatusItem::NotifierStatusItem(std::unique_ptr<BusConnection> bus, const
                                        const Appearance &appearance)
     : item_(identity)
     , tint_(appearance)
+    , pause_(firstPause)
 {
+    nextJoin_.setSingleShot(true);
+    QObject::connect(&nextJoin_, &QTimer::timeout, &tint_, [this] {
+        if (!joinNow()) {
+            joinLater();
+        }
+    });
     item_.setInk(tint_.ink());
     QObject::connect(&tint_, &PanelTint::changed, &tint_, [this] { updateInk(); });
     join(std::move(bus));
@@ -32,6 +48,7 @@ NotifierStatusItem::NotifierStatusItem(std::unique_ptr<BusConnection> bus, const
 void NotifierStatusItem::join(std::unique_ptr<BusConnection> bus)
 {
     tint_.leave();
+    nextJoin_.stop();
     presence_ = std::make_unique<Presence>(std::move(bus), item_, menu_);
     QObject::connect(&presence_->watch, &PanelWatch::changed, &tint_, [this] { announceIcon(); });
     QObject::connect(presence_->bus.get(), &BusConnection::caughtUp, &tint_, [this] {
@@ -39,17 +56,37 @@ void NotifierStatusItem::join(std::unique_ptr<BusConnection> bus)
             announceIcon();
         }
     });
+    QObject::connect(presence_->bus.get(), &BusConnection::ended, &tint_, [this] {
+        if (presence_->bus->wasLetIn()) {
+            pause_ = firstPause;
+        }
+        joinLater(); // the connection is still at work here
+    });
     tint_.follow(*presence_->bus);
 }
 
+bool NotifierStatusItem::joinNow()
+{
+    auto bus = BusConnection::openSession();
+    if (!bus) {
+        return false;
+    }
+    join(std::move(bus));
+    return true;
+}
+
+// Who has not read the item yet reads it as it is then.
 void NotifierStatusItem::joinAgain()
 {
-    if (!presence_->watch.isKnown()) {
-        return;
+    if (presence_->watch.isKnown()) {
+        static_cast<void>(joinNow());
     }
-    if (auto bus = BusConnection::openSession()) {
-        join(std::move(bus));
-    }
+}
+
+void NotifierStatusItem::joinLater()
+{
+    nextJoin_.start(pause_);
+    pause_ = std::min(2 * pause_, longestPause);
 }
 
 void NotifierStatusItem::setMenu(std::vector<StatusMenuItem> items)

@@ -6,12 +6,17 @@
 #include "Platform/Linux/StatusNotifier/PanelTint.h"
 #include "Platform/Linux/StatusNotifier/PanelWatch.h"
 
+#include <QTimer>
+
+#include <chrono>
+
 namespace platform {
 
 // Speaks the StatusNotifierItem protocol over a bus connection of its own, where its object's path is that
 // which all panels look for. Panels read the picture when NewIcon tells them to; without a panel nothing is
 // sent, and a bus that hangs is told of the last picture only, when it goes on. What panels read but once,
-// whether there is a menu, takes effect by leaving and joining again.
+// whether there is a menu, takes effect by leaving and joining again. It also joins again, sooner or later,
+// where the bus has ended and there is another one at its address.
 class NotifierStatusItem final : public StatusItem, private StatusButton
 {
 public:
@@ -43,7 +48,9 @@ private:
     void setClickHandler(std::function<void(const StatusClick &)> handler) override;
 
     void join(std::unique_ptr<BusConnection> bus);
+    [[nodiscard]] bool joinNow(); // whether there is a bus
     void joinAgain();
+    void joinLater();
     void updateInk();
     void announceIcon();
 
@@ -51,6 +58,8 @@ private:
     MenuService menu_;
     std::unique_ptr<Presence> presence_;
     PanelTint tint_;
+    QTimer nextJoin_; // while the bus is away
+    std::chrono::seconds pause_;
 };
 
 } // namespace platform

@@ -2,6 +2,8 @@
 
 #include "Platform/Linux/Bus/BusObject.h"
 
+#include <cerrno>
+
 namespace platform {
 
 namespace {
@@ -46,7 +48,8 @@ void PanelWatch::registerItem()
 
 int PanelWatch::takeRegistration(sd_bus_message *answer)
 {
-    if (BusReader(answer).isGood()) {
+    // A watcher that was too busy to answer in time may have taken it all the same.
+    if (BusReader(answer).isGood() || sd_bus_message_get_errno(answer) == ETIMEDOUT) {
         set(true, hasHost_);
         askForHost();
     }

@@ -18,7 +18,8 @@ public:
 
     // Whether it has tried to register the item.
     [[nodiscard]] bool isKnown() const { return isKnown_; }
-    // Whether a watcher has the item, and some panel shows it. One that does not say counts as one that does.
+    // Whether a watcher has the item, and some panel shows it. What a watcher does not say, or
+    // not in time, counts as a yes.
     [[nodiscard]] bool isWatched() const { return hasWatcher_ && hasHost_; }
 
 Q_SIGNALS:

@@ -102,10 +102,12 @@ TEST_F(StatusItemTest, SendsNothingWithoutAPanel)
     auto watcher = startWatcher(false);
     ASSERT_TRUE(eventually([&] { return watcher->registered.size() == 1; }));
     const auto seen = see(*watcher);
+    testsupport::letPass(std::chrono::milliseconds(100)); // until it knows that there is no panel
     for (const int coverage : {20, 30, 40}) {
         item->button()->setImage(image(coverage));
     }
     EXPECT_EQ(pixel(*seen).first, 40 * 0xD9 / 255); // which comes after everything that was sent before
+    testsupport::letPass(std::chrono::milliseconds(100));
     EXPECT_EQ(any.newIcons, 0);
 }
 
