@@ -91,6 +91,8 @@ TEST_F(StatusItemTest, TellsThePanelOnceForEachImage)
     }
     item->button()->setImage(image(30));
     EXPECT_EQ(pixel(*seen).first, 30 * 0xD9 / 255);
+    EXPECT_TRUE(eventually([&] { return seen->newIcons == 4; }));
+    testsupport::letPass(std::chrono::milliseconds(100));
     EXPECT_EQ(seen->newIcons, 4);
 }
 
