@@ -32,7 +32,7 @@ int BusName::takeChange(sd_bus_message *message)
 {
     const char *sender = sd_bus_message_get_sender(message);
     BusReader change(message);
-    change.skip("ss");
+    change.passOver("ss");
     const bool isOwned = !change.text().empty();
     if (change.isGood() && sender && std::strcmp(sender, busService) == 0) {
         question_.reset(); // the answer is older

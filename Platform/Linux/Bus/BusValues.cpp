@@ -84,7 +84,7 @@ std::vector<std::string_view> BusReader::texts()
     return values;
 }
 
-void BusReader::skip(const char *types)
+void BusReader::passOver(const char *types)
 {
     if (result_ >= 0) {
         result_ = sd_bus_message_skip(message_, types);

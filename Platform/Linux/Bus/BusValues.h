@@ -72,7 +72,7 @@ public:
     [[nodiscard]] std::string_view text();
     [[nodiscard]] std::vector<std::int32_t> numbers();
     [[nodiscard]] std::vector<std::string_view> texts();
-    void skip(const char *types);
+    void passOver(const char *types);
 
     // Calls `read` for each structure of an array of them.
     template <class Read> void structures(const char *types, Read read)

@@ -182,7 +182,7 @@ int MenuService::takeEvent(BusReader &arguments)
         QMetaObject::invokeMethod(
             this, [this, id] { run(id); }, Qt::QueuedConnection);
     }
-    arguments.skip("vu"); // a value that goes with it, and the time
+    arguments.passOver("vu"); // a value that goes with it, and the time
     return id;
 }
 

@@ -20,6 +20,7 @@
 
 #include <atomic>
 #include <thread>
+#include <vector>
 
 namespace platform {
 
@@ -35,16 +36,12 @@ using Answer = testsupport::FakeRemoteDesktopPortal::Answer;
 using Kind = MockInputDevices::Kind;
 
 // What a seat is told to have, again and again.
-struct SeatChanges
-{
-    std::vector<std::uint32_t> capabilities;
+using SeatChanges = std::vector<std::uint32_t>;
 
-    static constexpr wl_seat_listener listener{
-        [](void *self, wl_seat * /*seat*/, std::uint32_t capabilities) {
-            static_cast<SeatChanges *>(self)->capabilities.push_back(capabilities);
-        },
-        nullptr}; // the name, of later versions
-};
+constexpr wl_seat_listener seatListener{[](void *changes, wl_seat * /*seat*/, std::uint32_t capabilities) {
+                                            static_cast<SeatChanges *>(changes)->push_back(capabilities);
+                                        },
+                                        nullptr}; // the name, of later versions
 
 std::atomic<int> warningCount = 0;
 
@@ -102,9 +99,9 @@ TEST_F(WaylandTrustTest, TheQuestionChangesNothingOfTheSeatAndIsForAnyThread)
     const testsupport::WaylandClient client(sway.display());
     const std::unique_ptr<wl_seat, DestroyProxy> seat(client.bind<wl_seat>(wl_seat_interface, 1));
     SeatChanges changes;
-    wl_seat_add_listener(seat.get(), &SeatChanges::listener, &changes);
+    wl_seat_add_listener(seat.get(), &seatListener, &changes);
     client.sync();
-    ASSERT_THAT(changes.capabilities, ElementsAre(0U));
+    ASSERT_THAT(changes, ElementsAre(0U));
 
     warningCount = 0;
     const auto handlerBefore = qInstallMessageHandler(countWarning);
@@ -114,7 +111,7 @@ TEST_F(WaylandTrustTest, TheQuestionChangesNothingOfTheSeatAndIsForAnyThread)
     qInstallMessageHandler(handlerBefore);
     EXPECT_EQ(warningCount, 0);
     client.sync();
-    EXPECT_THAT(changes.capabilities, ElementsAre(0U));
+    EXPECT_THAT(changes, ElementsAre(0U));
 }
 
 // What the request for accessibility is good for on desktops that post through their portal.
