@@ -115,6 +115,12 @@ constexpr std::array<std::array<const char *, 2>, 5> otherSensors{{
     {"bmp280", "in_pressure_input"},
 }};
 
+Row bareLidRow()
+{
+    const SensorMachine machine;
+    return limitRow("angle of the lid, no sensor there", lidReadingTime(), 50, "us");
+}
+
 Row lidRow()
 {
     const SensorMachine machine;
@@ -135,6 +141,7 @@ std::vector<Row> sensorRows()
 {
     std::vector<Row> rows{decodingRow(), handlingRow()};
     std::ranges::move(sensorStreamRows(), std::back_inserter(rows));
+    rows.push_back(bareLidRow());
     rows.push_back(lidRow());
     return rows;
 }
